@@ -1,0 +1,301 @@
+#include "database/database.h"
+
+#include "database/schema.h"
+#include "database/sql.h"
+#include "session/app_info.h"
+#include "session/fatal_fault.h"
+#include "session/settings_store.h"
+#include "session/user_interaction.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStandardPaths>
+
+#include <atomic>
+
+namespace {
+
+const QString ConfigurationSection = QStringLiteral("Configuration");
+
+QString ExecutableDir()
+{
+    const QString path = QCoreApplication::instance()
+        ? QCoreApplication::applicationDirPath()
+        : QDir::currentPath();
+    return cDatabase::WithClosingSeparator(QDir::toNativeSeparators(path));
+}
+
+QString FolderSetting(const QString &key, const QString &defaultValue)
+{
+    return cDatabase::WithClosingSeparator(
+        GetSetting(cDatabase::SettingsApplication(), ConfigurationSection, key, defaultValue));
+}
+
+// Each cDatabase has a connection name of its own, so that tests may make a fresh
+// one while an old one is still being taken down.
+QString NewConnectionName()
+{
+    static std::atomic<int> counter{0};
+    return QStringLiteral("Velmora") + QString::number(++counter);
+}
+
+[[noreturn]] void RaiseFileFault(const QString &description)
+{
+    RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::File, description);
+}
+
+} // namespace
+
+cDatabase::cDatabase() : connectionName_(NewConnectionName())
+{
+    systemDir_ = ExecutableDir();
+    dataDir_ = DefaultDataDir();
+    backupDir_ = WithClosingSeparator(QDir::toNativeSeparators(QDir::homePath()));
+    systemDir_ = FolderSetting(QStringLiteral("SystemDir"), systemDir_);
+    dataDir_ = FolderSetting(QStringLiteral("DataDir"), dataDir_);
+    backupDir_ = FolderSetting(QStringLiteral("BackupDir"), backupDir_);
+}
+
+cDatabase::~cDatabase()
+{
+    CloseDb();
+}
+
+QString cDatabase::SettingsApplication()
+{
+    return AppInfo::Title();
+}
+
+QString cDatabase::WithClosingSeparator(const QString &folder)
+{
+    const QChar separator = QDir::separator();
+    if (folder.isEmpty() || !folder.endsWith(separator))
+        return folder + separator;
+    return folder;
+}
+
+QString cDatabase::DefaultDataDir()
+{
+    const QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return WithClosingSeparator(QDir::toNativeSeparators(base + QStringLiteral("/Velmora")));
+}
+
+QString cDatabase::ConfiguredDataDir()
+{
+    return FolderSetting(QStringLiteral("DataDir"), DefaultDataDir());
+}
+
+void cDatabase::setBackupDir(const QString &folder)
+{
+    backupDir_ = WithClosingSeparator(folder);
+}
+
+void cDatabase::setDataDir(const QString &folder)
+{
+    dataDir_ = WithClosingSeparator(folder);
+}
+
+void cDatabase::setSystemDir(const QString &folder)
+{
+    systemDir_ = WithClosingSeparator(folder);
+}
+
+QString cDatabase::DataDb() const
+{
+    return dataDir_ + QStringLiteral("Velmora.mdb");
+}
+
+QSqlDatabase cDatabase::Db() const
+{
+    return QSqlDatabase::database(connectionName_, false);
+}
+
+bool cDatabase::IsOpen() const
+{
+    return QSqlDatabase::contains(connectionName_) && Db().isOpen();
+}
+
+void cDatabase::OpenDb()
+{
+    CloseDb();
+    if (!QFileInfo::exists(DataDb()))
+        RaiseFileFault(QStringLiteral("The database ") + DataDb()
+                       + QStringLiteral(" does not exist."));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
+        db.setDatabaseName(DataDb());
+        if (!db.open())
+            RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,
+                       db.lastError().text());
+    }
+    // A result once written must survive a power cut, so every commit reaches the disk.
+    RunSql(QStringLiteral("PRAGMA synchronous = FULL"));
+    RunSql(QStringLiteral("PRAGMA foreign_keys = OFF"));
+}
+
+void cDatabase::CloseDb()
+{
+    if (!QSqlDatabase::contains(connectionName_))
+        return;
+    {
+        QSqlDatabase db = QSqlDatabase::database(connectionName_, false);
+        if (db.isOpen())
+            db.close();
+    }
+    QSqlDatabase::removeDatabase(connectionName_);
+}
+
+bool cDatabase::Exists() const
+{
+    if (!QFileInfo(DataDb()).isFile())
+        return false;
+    const QString probeName = connectionName_ + QStringLiteral("Probe");
+    bool found = false;
+    {
+        QSqlDatabase probe = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), probeName);
+        probe.setDatabaseName(DataDb());
+        probe.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        if (probe.open()) {
+            QSqlQuery query(probe);
+            found = query.exec(QStringLiteral(
+                        "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'Cntrl'"))
+                && query.next() && query.value(0).toInt() == 1;
+            query.finish();
+            probe.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(probeName);
+    return found;
+}
+
+void cDatabase::MoveAsideExistingFile()
+{
+    if (!QFileInfo::exists(DataDb()))
+        return;
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    QString aside = dataDir_ + QStringLiteral("Velmora-") + stamp + QStringLiteral(".mdb");
+    for (int attempt = 2; QFileInfo::exists(aside); ++attempt)
+        aside = dataDir_ + QStringLiteral("Velmora-") + stamp + u'-' + QString::number(attempt)
+            + QStringLiteral(".mdb");
+    if (!QFile::rename(DataDb(), aside))
+        RaiseFileFault(QStringLiteral("The file ") + DataDb()
+                       + QStringLiteral(" is not a Velmora! database and could not be moved aside."));
+    Interaction().ShowMessage(QStringLiteral("The file ") + DataDb()
+                                  + QStringLiteral(" was not a Velmora! database. It has been kept as ")
+                                  + aside + u'.',
+                              MessageIcon::Information, AppInfo::Title());
+}
+
+void cDatabase::Create()
+{
+    CloseDb();
+    if (!QDir().mkpath(dataDir_))
+        RaiseFileFault(QStringLiteral("The data folder ") + dataDir_
+                       + QStringLiteral(" cannot be created."));
+    MoveAsideExistingFile();
+
+    // The tables are built in a file of their own name first and put in place only
+    // when complete, so an interrupted creation never leaves a half-made database.
+    const QString building = DataDb() + QStringLiteral(".new");
+    QFile::remove(building);
+    {
+        QFile probe(building);
+        if (!probe.open(QIODevice::WriteOnly))
+            RaiseFileFault(QStringLiteral("The data folder ") + dataDir_
+                           + QStringLiteral(" cannot be written: ") + probe.errorString());
+        probe.close();
+        probe.remove();
+    }
+    const QString finalName = DataDb();
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
+        db.setDatabaseName(building);
+        if (!db.open())
+            RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,
+                       db.lastError().text());
+    }
+    {
+        cTransaction transaction;
+        CreateCntrlTable();
+        CreateMasterTable();
+        CreateVelmoraTable();
+        CreatePlayerTable();
+        CreateResultTable();
+        CreateClubTable();
+        CreateBCFMastList();
+        transaction.Commit();
+    }
+    CloseDb();
+    if (!QFile::rename(building, finalName))
+        RaiseFileFault(QStringLiteral("The database ") + finalName
+                       + QStringLiteral(" could not be put in place."));
+    OpenDb();
+}
+
+void cDatabase::CreateCntrlTable()
+{
+    Schema::CreateTable(Schema::CntrlTable());
+    RunSql(QStringLiteral("INSERT INTO Cntrl (Vrsn, MaxDisplayAge, MaxJuniorAge, BCFGradeChars, "
+                          "UserDefined1, UserDefined2, UserDefined3, UserDefined4) "
+                          "VALUES (?, ?, ?, ?, ?, ?, ?, ?)"),
+           {QStringLiteral("1.00"), 20, 17, QStringLiteral("ABCDEFR*"),
+            QStringLiteral("User Defined 1"), QStringLiteral("User Defined 2"),
+            QStringLiteral("User Defined 3"), QStringLiteral("User Defined 4")});
+}
+
+void cDatabase::CreateMasterTable()
+{
+    Schema::CreateTable(Schema::MasterTable());
+}
+
+void cDatabase::CreateVelmoraTable()
+{
+    Schema::CreateTable(Schema::VelmoraTable());
+}
+
+void cDatabase::CreatePlayerTable()
+{
+    Schema::CreateTable(Schema::PlayerTable());
+}
+
+void cDatabase::CreateResultTable()
+{
+    Schema::CreateTable(Schema::ResultTable());
+}
+
+void cDatabase::CreateClubTable()
+{
+    Schema::CreateTable(Schema::ClubTable());
+}
+
+void cDatabase::CreateBCFMastList()
+{
+    Schema::CreateTable(Schema::BCFMastTable());
+}
+
+bool cDatabase::BCFMasterIsEmpty() const
+{
+    return SqlScalar(QStringLiteral("Select Count(*) From BCFMast")).toLongLong() == 0;
+}
+
+bool cDatabase::BCFClubIsEmpty() const
+{
+    return SqlScalar(QStringLiteral("Select Count(*) From Club")).toLongLong() == 0;
+}
+
+QString cDatabase::NextMasterId() const
+{
+    const QVariant maximum = SqlScalar(QStringLiteral("Select Max(MasterId) From Master"));
+    return maximum.isNull() ? QStringLiteral("1") : QString::number(maximum.toLongLong() + 1);
+}
+
+QString cDatabase::NextTournamentId() const
+{
+    const QVariant maximum = SqlScalar(QStringLiteral("Select Max(TId) From Velmora"));
+    return maximum.isNull() ? QStringLiteral("1") : QString::number(maximum.toLongLong() + 1);
+}

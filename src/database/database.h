@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+
+// The owner of the one open data file, Velmora.mdb in the data folder, and of the
+// three working folders. Other classes borrow the handle for each query and keep
+// nothing of it.
+class cDatabase
+{
+public:
+    // Finds the three working folders from the settings store.
+    cDatabase();
+    ~cDatabase();
+    cDatabase(const cDatabase &) = delete;
+    cDatabase &operator=(const cDatabase &) = delete;
+
+    QSqlDatabase Db() const;
+    bool IsOpen() const;
+
+    QString SourceDb() const { return sourceDb_; }
+    void setSourceDb(const QString &folder) { sourceDb_ = folder; }
+    QString BackupDir() const { return backupDir_; }
+    void setBackupDir(const QString &folder);
+    QString DataDir() const { return dataDir_; }
+    void setDataDir(const QString &folder);
+    QString SystemDir() const { return systemDir_; }
+    void setSystemDir(const QString &folder);
+    // The data file: DataDir followed by "Velmora.mdb".
+    QString DataDb() const;
+
+    // Opens the data file for reading and writing; a failure is fatal.
+    void OpenDb();
+    // Closes the data file; the next query needs OpenDb again.
+    void CloseDb();
+    // True only for a file that the engine opens and that holds the table Cntrl.
+    bool Exists() const;
+    // Makes a new database with its seven tables and the row of Cntrl. A file that
+    // stands in the way is moved aside, never destroyed, and the user is told where.
+    void Create();
+    void CreateBCFMastList();
+    // Brings an older database up to the present version, one step after another.
+    void CheckVersion();
+
+    bool BCFMasterIsEmpty() const;
+    bool BCFClubIsEmpty() const;
+    QString NextMasterId() const;
+    QString NextTournamentId() const;
+
+    // The folder of the data file when the settings name none.
+    static QString DefaultDataDir();
+    // The data folder that a new cDatabase would use, read from the settings store.
+    static QString ConfiguredDataDir();
+    // The folder text with the platform separator at its end.
+    static QString WithClosingSeparator(const QString &folder);
+    static QString SettingsApplication();
+
+private:
+    void CreateCntrlTable();
+    void CreateMasterTable();
+    void CreateVelmoraTable();
+    void CreatePlayerTable();
+    void CreateResultTable();
+    void CreateClubTable();
+    // Moves an existing data file aside under a name with the date and time.
+    void MoveAsideExistingFile();
+
+    QString connectionName_;
+    QString systemDir_;
+    QString dataDir_;
+    QString backupDir_;
+    QString sourceDb_;
+};

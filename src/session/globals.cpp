@@ -1,0 +1,45 @@
+#include "session/globals.h"
+
+#include "database/database.h"
+#include "session/control.h"
+#include "session/fatal_fault.h"
+
+#include <memory>
+
+namespace {
+std::unique_ptr<cControl> theControl;
+std::unique_ptr<cDatabase> theDatabase;
+} // namespace
+
+cControl &Control()
+{
+    if (!theControl)
+        RaiseFatal(QStringLiteral("Velmora!"), FaultNumber::UnknownKey,
+                   QStringLiteral("The session has not been started."));
+    return *theControl;
+}
+
+cDatabase &Database()
+{
+    if (!theDatabase)
+        RaiseFatal(QStringLiteral("Velmora!"), FaultNumber::UnknownKey,
+                   QStringLiteral("The session has not been started."));
+    return *theDatabase;
+}
+
+void CreateSessionObjects()
+{
+    theControl = std::make_unique<cControl>();
+    theDatabase = std::make_unique<cDatabase>();
+}
+
+void DestroySessionObjects()
+{
+    theControl.reset();
+    theDatabase.reset();
+}
+
+bool SessionObjectsExist()
+{
+    return theControl && theDatabase;
+}

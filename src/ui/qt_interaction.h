@@ -1,0 +1,23 @@
+#pragma once
+
+#include "session/user_interaction.h"
+
+class QWidget;
+
+// The seam as the person at the desk sees it: message boxes, the progress window,
+// the message window, the beep and the hourglass pointer.
+class cQtInteraction final : public cUserInteraction
+{
+public:
+    bool AskYesNo(const QString &question, const QString &title) override;
+    void ShowMessage(const QString &text, MessageIcon icon, const QString &title) override;
+    void ProgressStart(const QString &text, qint32 maximum) override;
+    void ProgressUpdate(qint32 value) override;
+    void ProgressTerminate() override;
+    void ShowLongText(const QString &title, const QString &text) override;
+    void Beep() override;
+    void SetBusyPointer(bool busy) override;
+
+private:
+    bool busyPointerShown_ = false;
+};
