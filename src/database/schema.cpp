@@ -162,7 +162,7 @@ QString ColumnClause(const FieldDefinition &field)
     case FieldType::Date:
         // A date is kept as yyyy-mm-dd text, so that it sorts and reads back exactly.
         return name + QStringLiteral(" DATE CHECK (") + nullOr + QStringLiteral("(typeof(")
-            + name + QStringLiteral(") = 'text' AND date(") + name + QStringLiteral(") = ")
+            + name + QStringLiteral(") = 'text' AND date(") + name + QStringLiteral(") IS ")
             + name + QStringLiteral("))");
     case FieldType::Boolean:
         return name + QStringLiteral(" BOOLEAN CHECK (") + nullOr + name

@@ -142,7 +142,7 @@ QString CapitaliseWords(const QString &text)
 QString ProperCase(const QString &text)
 {
     if (text.isEmpty())
-        return QString();
+        return text;
     static const QString alphabet = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
     QString result = text;
     result[0] = text[0].toUpper();
