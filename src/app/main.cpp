@@ -1,7 +1,17 @@
-#include <QApplication>
+#include "ui/qt_interaction.h"
+#include "ui/start_up.h"
+#include "ui/velmora_application.h"
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    return 0;
+    cVelmoraApplication application(argc, argv);
+    cQtInteraction interaction;
+    InstallInteraction(&interaction);
+    int exitCode = 0;
+    {
+        cStartUp startUp;
+        exitCode = startUp.Main() ? application.exec() : startUp.ExitCode();
+    }
+    InstallInteraction(nullptr);
+    return exitCode;
 }

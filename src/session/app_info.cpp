@@ -9,8 +9,8 @@ QString Title()
 
 QString VersionText()
 {
-    return QString::number(VersionMajor) + u'.' + QString::number(VersionMinor) + u'.'
-        + QString::number(VersionRevision);
+    return QString::number(VersionMajor) + u'.' + QString::number(VersionMinor) + u'.' +
+           QString::number(VersionRevision);
 }
 
 QString WindowSettingsApplication()

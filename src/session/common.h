@@ -35,13 +35,11 @@ concept ArithmeticValue = std::integral<T> || std::floating_point<T>;
 
 // The larger of two values; on a tie the second. Text values compare by their
 // numeric values when at least one of them is numeric, else as text.
-template <ArithmeticValue T>
-T MaxOf(T a, T b)
+template <ArithmeticValue T> T MaxOf(T a, T b)
 {
     return a > b ? a : b;
 }
-template <ArithmeticValue T>
-T MinOf(T a, T b)
+template <ArithmeticValue T> T MinOf(T a, T b)
 {
     return a < b ? a : b;
 }

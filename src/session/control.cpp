@@ -78,8 +78,8 @@ void cControl::Update()
     // SurnameCase is not among the fields written: the stored value stays.
     RunSql(QStringLiteral("UPDATE Cntrl SET Vrsn = ?, AgeDate = ?, MaxDisplayAge = ?, "
                           "MaxJuniorAge = ?, BCFGradeChars = ?, UserDefined1 = ?, "
-                          "UserDefined2 = ?, UserDefined3 = ?, UserDefined4 = ?")
-               + FirstCntrlRow,
+                          "UserDefined2 = ?, UserDefined3 = ?, UserDefined4 = ?") +
+               FirstCntrlRow,
            {TextOrNull(NumberText(NumericValue(vrsn_))), DateOrNull(ageDate_),
             WholeOrNull(maxDisplayAge_), WholeOrNull(maxJuniorAge_), bcfGradeChars_, userDefined1_,
             userDefined2_, userDefined3_, userDefined4_});

@@ -41,7 +41,10 @@ public:
     std::shared_ptr<cBCFMaster> BCFMaster() const { return bcfMaster_; }
     void setBCFMaster(std::shared_ptr<cBCFMaster> bcfMaster) { bcfMaster_ = std::move(bcfMaster); }
     std::shared_ptr<cTournament> Tournament() const { return tournament_; }
-    void setTournament(std::shared_ptr<cTournament> tournament) { tournament_ = std::move(tournament); }
+    void setTournament(std::shared_ptr<cTournament> tournament)
+    {
+        tournament_ = std::move(tournament);
+    }
 
     // Reads the row of Cntrl: the version always, the rest only for "All", because
     // SurnameCase does not exist until the upgrade has run.

@@ -2,12 +2,13 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 
 bool cQtInteraction::AskYesNo(const QString &question, const QString &title)
 {
     return QMessageBox::question(QApplication::activeWindow(), title, question,
-                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
-        == QMessageBox::Yes;
+                                 QMessageBox::Yes | QMessageBox::No,
+                                 QMessageBox::Yes) == QMessageBox::Yes;
 }
 
 void cQtInteraction::ShowMessage(const QString &text, MessageIcon icon, const QString &title)
@@ -31,10 +32,38 @@ void cQtInteraction::ShowMessage(const QString &text, MessageIcon icon, const QS
     box.exec();
 }
 
-void cQtInteraction::ProgressStart(const QString &, qint32) {}
-void cQtInteraction::ProgressUpdate(qint32) {}
-void cQtInteraction::ProgressTerminate() {}
-void cQtInteraction::ShowLongText(const QString &, const QString &) {}
+frmProgress &cQtInteraction::ProgressWindow()
+{
+    if (!progress_)
+        progress_ = std::make_unique<frmProgress>(QApplication::activeWindow());
+    return *progress_;
+}
+
+void cQtInteraction::ProgressStart(const QString &text, qint32 maximum)
+{
+    ProgressWindow().Start(text, maximum);
+}
+
+void cQtInteraction::ProgressUpdate(qint32 value)
+{
+    ProgressWindow().Update(value);
+}
+
+void cQtInteraction::ProgressTerminate()
+{
+    ProgressWindow().Terminate();
+}
+
+void cQtInteraction::ShowLongText(const QString &title, const QString &text)
+{
+    if (!message_)
+        message_ = std::make_unique<frmMsg>(QApplication::activeWindow());
+    message_->setWindowTitle(title);
+    message_->txtNotes->setPlainText(text);
+    message_->show();
+    message_->raise();
+    message_->activateWindow();
+}
 
 void cQtInteraction::Beep()
 {

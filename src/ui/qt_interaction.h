@@ -2,7 +2,10 @@
 
 #include "session/user_interaction.h"
 
-class QWidget;
+#include "ui/frm_msg.h"
+#include "ui/frm_progress.h"
+
+#include <memory>
 
 // The seam as the person at the desk sees it: message boxes, the progress window,
 // the message window, the beep and the hourglass pointer.
@@ -18,6 +21,10 @@ public:
     void Beep() override;
     void SetBusyPointer(bool busy) override;
 
+    frmProgress &ProgressWindow();
+
 private:
     bool busyPointerShown_ = false;
+    std::unique_ptr<frmProgress> progress_;
+    std::unique_ptr<frmMsg> message_;
 };

@@ -26,56 +26,65 @@ const QList<QPair<QString, QList<ExpectedField>>> &ExpectedTables()
 {
     static const QList<QPair<QString, QList<ExpectedField>>> tables = {
         {QStringLiteral("Cntrl"),
-         {{"Vrsn", "TEXT(10)"}, {"AgeDate", "DATE"}, {"MaxDisplayAge", "SMALLINT"},
-          {"MaxJuniorAge", "SMALLINT"}, {"BCFGradeChars", "TEXT(20)"},
-          {"UserDefined1", "TEXT(20)"}, {"UserDefined2", "TEXT(20)"},
-          {"UserDefined3", "TEXT(20)"}, {"UserDefined4", "TEXT(20)"}}},
+         {{"Vrsn", "TEXT(10)"},
+          {"AgeDate", "DATE"},
+          {"MaxDisplayAge", "SMALLINT"},
+          {"MaxJuniorAge", "SMALLINT"},
+          {"BCFGradeChars", "TEXT(20)"},
+          {"UserDefined1", "TEXT(20)"},
+          {"UserDefined2", "TEXT(20)"},
+          {"UserDefined3", "TEXT(20)"},
+          {"UserDefined4", "TEXT(20)"}}},
         {QStringLiteral("Master"),
-         {{"MasterId", "INTEGER"}, {"Surname", "TEXT(20)"},  {"Forename", "TEXT(15)"},
-          {"MrTitle", "TEXT(4)"},  {"Address1", "TEXT(30)"}, {"Address2", "TEXT(30)"},
+         {{"MasterId", "INTEGER"},  {"Surname", "TEXT(20)"},  {"Forename", "TEXT(15)"},
+          {"MrTitle", "TEXT(4)"},   {"Address1", "TEXT(30)"}, {"Address2", "TEXT(30)"},
           {"Address3", "TEXT(30)"}, {"Address4", "TEXT(30)"}, {"Postcode", "TEXT(8)"},
-          {"Phone", "TEXT(18)"},   {"eMail", "TEXT(40)"},    {"DOB", "DATE"},
-          {"Age", "SMALLINT"},     {"Gender", "TEXT(1)"},    {"Special1", "TEXT(1)"},
-          {"Special2", "TEXT(1)"}, {"Special3", "TEXT(1)"},  {"Special4", "TEXT(1)"},
-          {"Club", "TEXT(25)"},    {"ClubCode", "TEXT(4)"},  {"ClubName", "TEXT(30)"},
-          {"School", "TEXT(25)"},  {"Union", "TEXT(1)"},     {"Nation", "TEXT(3)"},
-          {"Code", "TEXT(7)"},     {"Grade", "SMALLINT"},    {"GLett", "TEXT(1)"},
-          {"RGrade", "SMALLINT"},  {"RLett", "TEXT(1)"},     {"ELO", "SMALLINT"},
-          {"GMTitle", "TEXT(2)"},  {"ECode", "TEXT(8)"}}},
+          {"Phone", "TEXT(18)"},    {"eMail", "TEXT(40)"},    {"DOB", "DATE"},
+          {"Age", "SMALLINT"},      {"Gender", "TEXT(1)"},    {"Special1", "TEXT(1)"},
+          {"Special2", "TEXT(1)"},  {"Special3", "TEXT(1)"},  {"Special4", "TEXT(1)"},
+          {"Club", "TEXT(25)"},     {"ClubCode", "TEXT(4)"},  {"ClubName", "TEXT(30)"},
+          {"School", "TEXT(25)"},   {"Union", "TEXT(1)"},     {"Nation", "TEXT(3)"},
+          {"Code", "TEXT(7)"},      {"Grade", "SMALLINT"},    {"GLett", "TEXT(1)"},
+          {"RGrade", "SMALLINT"},   {"RLett", "TEXT(1)"},     {"ELO", "SMALLINT"},
+          {"GMTitle", "TEXT(2)"},   {"ECode", "TEXT(8)"}}},
         {QStringLiteral("Velmora"),
-         {{"TId", "INTEGER"},      {"Title", "TEXT(40)"},    {"Tourn", "TEXT(40)"},
-          {"TDate", "DATE"},       {"TEnd", "DATE"},         {"TType", "TEXT(1)"},
-          {"Rounds", "SMALLINT"},  {"CurrRound", "SMALLINT"}, {"DefGrade", "SMALLINT"},
-          {"TText1", "TEXT(60)"},  {"TText2", "TEXT(60)"},   {"TText3", "TEXT(60)"},
-          {"TText4", "TEXT(60)"},  {"TText5", "TEXT(60)"},   {"TText6", "TEXT(60)"},
-          {"Locked", "BOOLEAN"},   {"Code", "TEXT(4)"},      {"Type", "TEXT(1)"},
-          {"Desc", "TEXT(30)"},    {"Union", "TEXT(1)"}}},
+         {{"TId", "INTEGER"},     {"Title", "TEXT(40)"},     {"Tourn", "TEXT(40)"},
+          {"TDate", "DATE"},      {"TEnd", "DATE"},          {"TType", "TEXT(1)"},
+          {"Rounds", "SMALLINT"}, {"CurrRound", "SMALLINT"}, {"DefGrade", "SMALLINT"},
+          {"TText1", "TEXT(60)"}, {"TText2", "TEXT(60)"},    {"TText3", "TEXT(60)"},
+          {"TText4", "TEXT(60)"}, {"TText5", "TEXT(60)"},    {"TText6", "TEXT(60)"},
+          {"Locked", "BOOLEAN"},  {"Code", "TEXT(4)"},       {"Type", "TEXT(1)"},
+          {"Desc", "TEXT(30)"},   {"Union", "TEXT(1)"}}},
         {QStringLiteral("Player"),
-         {{"MasterId", "INTEGER"}, {"TId", "INTEGER"},       {"PId", "INTEGER"},
-          {"Surname", "TEXT(20)"}, {"Forename", "TEXT(15)"}, {"DOB", "DATE"},
-          {"Age", "SMALLINT"},     {"Club", "TEXT(25)"},     {"ClubCode", "TEXT(4)"},
-          {"ClubName", "TEXT(30)"}, {"School", "TEXT(25)"},  {"Code", "TEXT(7)"},
-          {"Grade", "SMALLINT"},   {"GLett", "TEXT(1)"},     {"RGrade", "SMALLINT"},
-          {"RLett", "TEXT(1)"},    {"ELO", "SMALLINT"},      {"GMTitle", "TEXT(2)"},
-          {"ECode", "TEXT(8)"},    {"Pin", "SMALLINT"},      {"Score", "DOUBLE"},
-          {"GPoints", "INTEGER"},  {"NumGames", "SMALLINT"}, {"Place", "SMALLINT"},
-          {"Withdrawn", "BOOLEAN"}, {"ACount", "INTEGER"},   {"EScore", "INTEGER"},
-          {"EGames", "INTEGER"},   {"EPoints", "INTEGER"},   {"EIndex", "TEXT(5)"},
-          {"BIndex", "TEXT(3)"},   {"RIndex", "TEXT(3)"},    {"BCFMod", "TEXT(1)"},
+         {{"MasterId", "INTEGER"},  {"TId", "INTEGER"},       {"PId", "INTEGER"},
+          {"Surname", "TEXT(20)"},  {"Forename", "TEXT(15)"}, {"DOB", "DATE"},
+          {"Age", "SMALLINT"},      {"Club", "TEXT(25)"},     {"ClubCode", "TEXT(4)"},
+          {"ClubName", "TEXT(30)"}, {"School", "TEXT(25)"},   {"Code", "TEXT(7)"},
+          {"Grade", "SMALLINT"},    {"GLett", "TEXT(1)"},     {"RGrade", "SMALLINT"},
+          {"RLett", "TEXT(1)"},     {"ELO", "SMALLINT"},      {"GMTitle", "TEXT(2)"},
+          {"ECode", "TEXT(8)"},     {"Pin", "SMALLINT"},      {"Score", "DOUBLE"},
+          {"GPoints", "INTEGER"},   {"NumGames", "SMALLINT"}, {"Place", "SMALLINT"},
+          {"Withdrawn", "BOOLEAN"}, {"ACount", "INTEGER"},    {"EScore", "INTEGER"},
+          {"EGames", "INTEGER"},    {"EPoints", "INTEGER"},   {"EIndex", "TEXT(5)"},
+          {"BIndex", "TEXT(3)"},    {"RIndex", "TEXT(3)"},    {"BCFMod", "TEXT(1)"},
           {"Active", "BOOLEAN"}}},
         {QStringLiteral("Result"),
-         {{"TId", "INTEGER"}, {"Round", "SMALLINT"}, {"Board", "SMALLINT"},
-          {"White", "INTEGER"}, {"Black", "INTEGER"}, {"Result", "TEXT(1)"}}},
+         {{"TId", "INTEGER"},
+          {"Round", "SMALLINT"},
+          {"Board", "SMALLINT"},
+          {"White", "INTEGER"},
+          {"Black", "INTEGER"},
+          {"Result", "TEXT(1)"}}},
         {QStringLiteral("Club"),
          {{"Code", "TEXT(4)"}, {"Club", "TEXT(30)"}, {"County", "TEXT(4)"}, {"Union", "TEXT(6)"}}},
         {QStringLiteral("BCFMast"),
-         {{"Ref", "TEXT(8)"},     {"Name", "TEXT(26)"},   {"Sex", "TEXT(4)"},
-          {"Age", "TEXT(5)"},     {"Cat", "TEXT(1)"},     {"Grade", "DOUBLE"},
-          {"Cat1", "TEXT(1)"},    {"Grade1", "DOUBLE"},   {"RCat", "TEXT(1)"},
-          {"RGrade", "DOUBLE"},   {"RCat1", "TEXT(1)"},   {"RGrade1", "DOUBLE"},
-          {"DOB", "DATE"},        {"Club1", "TEXT(4)"},   {"Club2", "TEXT(4)"},
-          {"Club3", "TEXT(4)"},   {"Club4", "TEXT(4)"},   {"Club5", "TEXT(4)"},
-          {"Club6", "TEXT(4)"},   {"FIDECode", "DOUBLE"}}},
+         {{"Ref", "TEXT(8)"},   {"Name", "TEXT(26)"},  {"Sex", "TEXT(4)"},
+          {"Age", "TEXT(5)"},   {"Cat", "TEXT(1)"},    {"Grade", "DOUBLE"},
+          {"Cat1", "TEXT(1)"},  {"Grade1", "DOUBLE"},  {"RCat", "TEXT(1)"},
+          {"RGrade", "DOUBLE"}, {"RCat1", "TEXT(1)"},  {"RGrade1", "DOUBLE"},
+          {"DOB", "DATE"},      {"Club1", "TEXT(4)"},  {"Club2", "TEXT(4)"},
+          {"Club3", "TEXT(4)"}, {"Club4", "TEXT(4)"},  {"Club5", "TEXT(4)"},
+          {"Club6", "TEXT(4)"}, {"FIDECode", "DOUBLE"}}},
     };
     return tables;
 }
@@ -130,7 +139,8 @@ void TestDatabase::createdDatabaseHasExactlyTheListedFields()
     cTestSession session(cTestSession::Start::Empty);
     Database().Create();
     for (const auto &[table, fields] : ExpectedTables()) {
-        QSqlQuery info = RunSql(QStringLiteral("PRAGMA table_info(\"") + table + QStringLiteral("\")"));
+        QSqlQuery info =
+            RunSql(QStringLiteral("PRAGMA table_info(\"") + table + QStringLiteral("\")"));
         int position = 0;
         while (info.next()) {
             QVERIFY2(position < fields.size(), qPrintable(table));
@@ -142,8 +152,9 @@ void TestDatabase::createdDatabaseHasExactlyTheListedFields()
         }
         QCOMPARE(position, fields.size());
     }
-    const int tables = SqlScalar(QStringLiteral(
-        "SELECT count(*) FROM sqlite_master WHERE type = 'table'")).toInt();
+    const int tables =
+        SqlScalar(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'table'"))
+            .toInt();
     QCOMPARE(tables, 7);
 }
 
@@ -158,18 +169,24 @@ void TestDatabase::createdDatabaseHasTheSixIndexes()
         {QStringLiteral("ClubIndex"), QStringLiteral("Club:Club")},
         {QStringLiteral("BCFMastIndex"), QStringLiteral("BCFMast:Ref")},
     };
-    QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index'")).toInt(),
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = 'index'"))
+                 .toInt(),
              6);
     for (const auto &[name, shape] : indexes) {
         const QString table = TextOf(SqlScalar(
-            QStringLiteral("SELECT tbl_name FROM sqlite_master WHERE type = 'index' AND name = ?"), {name}));
+            QStringLiteral("SELECT tbl_name FROM sqlite_master WHERE type = 'index' AND name = ?"),
+            {name}));
         QStringList columns;
-        QSqlQuery info = RunSql(QStringLiteral("PRAGMA index_info(\"") + name + QStringLiteral("\")"));
+        QSqlQuery info =
+            RunSql(QStringLiteral("PRAGMA index_info(\"") + name + QStringLiteral("\")"));
         while (info.next())
             columns.append(info.value(2).toString());
         QCOMPARE(table + u':' + columns.join(u','), shape);
-        QCOMPARE(SqlScalar(QStringLiteral("SELECT \"unique\" FROM pragma_index_list(?) WHERE name = ?"),
-                           {table, name}).toInt(), 0);
+        QCOMPARE(
+            SqlScalar(QStringLiteral("SELECT \"unique\" FROM pragma_index_list(?) WHERE name = ?"),
+                      {table, name})
+                .toInt(),
+            0);
     }
 }
 
@@ -184,8 +201,10 @@ void TestDatabase::createdDatabaseHasTheInitialControlRow()
     QCOMPARE(row.value(QStringLiteral("MaxDisplayAge")).toInt(), 20);
     QCOMPARE(row.value(QStringLiteral("MaxJuniorAge")).toInt(), 17);
     QCOMPARE(row.value(QStringLiteral("BCFGradeChars")).toString(), QStringLiteral("ABCDEFR*"));
-    QCOMPARE(row.value(QStringLiteral("UserDefined1")).toString(), QStringLiteral("User Defined 1"));
-    QCOMPARE(row.value(QStringLiteral("UserDefined4")).toString(), QStringLiteral("User Defined 4"));
+    QCOMPARE(row.value(QStringLiteral("UserDefined1")).toString(),
+             QStringLiteral("User Defined 1"));
+    QCOMPARE(row.value(QStringLiteral("UserDefined4")).toString(),
+             QStringLiteral("User Defined 4"));
     QVERIFY(!row.next());
 }
 
@@ -196,7 +215,8 @@ void TestDatabase::valueOverFieldSizeIsRefused()
                           {QString(20, u'x')}));
     QVERIFY(!WriteSucceeds(QStringLiteral("INSERT INTO Master (MasterId, Surname) VALUES (2, ?)"),
                            {QString(21, u'x')}));
-    QVERIFY(!WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, Rounds) VALUES (1, ?)"), {40000}));
+    QVERIFY(
+        !WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, Rounds) VALUES (1, ?)"), {40000}));
     QVERIFY(!WriteSucceeds(QStringLiteral("INSERT INTO Result (TId, White) VALUES (1, ?)"),
                            {qint64(3000000000)}));
     QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Master")).toInt(), 1);
@@ -210,8 +230,9 @@ void TestDatabase::wrongTypeIsRefused()
                            {QStringLiteral("five")}));
     QVERIFY(!WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, TDate) VALUES (1, ?)"),
                            {QStringLiteral("31/12/2026")}));
-    QVERIFY(WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, TDate, Locked) VALUES (1, ?, ?)"),
-                          {QStringLiteral("2026-12-31"), 1}));
+    QVERIFY(
+        WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, TDate, Locked) VALUES (1, ?, ?)"),
+                      {QStringLiteral("2026-12-31"), 1}));
     QVERIFY(!WriteSucceeds(QStringLiteral("INSERT INTO Velmora (TId, Locked) VALUES (2, ?)"), {7}));
 }
 
@@ -301,8 +322,8 @@ void TestDatabase::createMovesAsideAFileThatIsNotADatabase()
     WriteTextFile(Database().DataDb(), letter);
     Database().Create();
     QVERIFY(Database().Exists());
-    const QStringList aside = QDir(Database().DataDir())
-                                  .entryList({QStringLiteral("Velmora-*.mdb")}, QDir::Files);
+    const QStringList aside =
+        QDir(Database().DataDir()).entryList({QStringLiteral("Velmora-*.mdb")}, QDir::Files);
     QCOMPARE(aside.size(), 1);
     QFile kept(Database().DataDir() + aside.first());
     QVERIFY(kept.open(QIODevice::ReadOnly));
@@ -335,8 +356,8 @@ void TestDatabase::createRefusesDataFolderThatCannotBeMade()
 void TestDatabase::folderSettingWithoutClosingSeparatorGivesValidDataDb()
 {
     QTemporaryDir folder;
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("DataDir"),
-                folder.path());
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("DataDir"), folder.path());
     {
         cTestSession session(cTestSession::Start::Empty);
         // The session points the data folder elsewhere; a new object reads the setting.
@@ -344,23 +365,23 @@ void TestDatabase::folderSettingWithoutClosingSeparatorGivesValidDataDb()
         QCOMPARE(fromSettings.DataDir(), folder.path() + QDir::separator());
         QCOMPARE(fromSettings.DataDb(), folder.path() + QStringLiteral("/Velmora.mdb"));
     }
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("DataDir"),
-                QString());
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("DataDir"), QString());
 }
 
 void TestDatabase::folderSettingsAreReadFromConfigurationSection()
 {
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("BackupDir"),
-                QStringLiteral("/srv/backups/"));
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("SystemDir"),
-                QStringLiteral("/opt/velmora"));
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("BackupDir"), QStringLiteral("/srv/backups/"));
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("SystemDir"), QStringLiteral("/opt/velmora"));
     cDatabase database;
     QCOMPARE(database.BackupDir(), QStringLiteral("/srv/backups/"));
     QCOMPARE(database.SystemDir(), QStringLiteral("/opt/velmora/"));
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("BackupDir"),
-                QDir::homePath());
-    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"), QStringLiteral("SystemDir"),
-                QCoreApplication::applicationDirPath());
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("BackupDir"), QDir::homePath());
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("SystemDir"), QCoreApplication::applicationDirPath());
 }
 
 void TestDatabase::newDatabaseIsAtFirstVersionUntilUpgraded()

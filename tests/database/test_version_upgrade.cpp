@@ -18,8 +18,8 @@ void CreateAtFirstVersion()
 
 QString MasterField(int masterId, const QString &field)
 {
-    return TextOf(SqlScalar(QStringLiteral("SELECT \"") + field
-                                + QStringLiteral("\" FROM Master WHERE MasterId = ?"),
+    return TextOf(SqlScalar(QStringLiteral("SELECT \"") + field +
+                                QStringLiteral("\" FROM Master WHERE MasterId = ?"),
                             {masterId}));
 }
 
@@ -27,8 +27,7 @@ bool ControlHasSurnameCase()
 {
     return SqlScalar(QStringLiteral("SELECT count(*) FROM pragma_table_info('Cntrl') "
                                     "WHERE name = 'SurnameCase'"))
-               .toInt()
-        == 1;
+               .toInt() == 1;
 }
 
 void InsertNames()
@@ -78,7 +77,8 @@ void TestVersionUpgrade::namesInCapitalsBecomeProperCase()
     QCOMPARE(MasterField(1, QStringLiteral("Surname")), QStringLiteral("Smith-Jones"));
     QCOMPARE(MasterField(2, QStringLiteral("Surname")), QStringLiteral("O'Brien"));
     QCOMPARE(MasterField(1, QStringLiteral("Address4")), QStringLiteral("West Yorkshire"));
-    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Surname FROM Player"))), QStringLiteral("Mcdonald"));
+    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Surname FROM Player"))),
+             QStringLiteral("Mcdonald"));
     Control().Load(QStringLiteral("All"));
     QCOMPARE(Control().Vrsn(), QStringLiteral("1.02"));
     QCOMPARE(Control().SurnameCase(), qint16(0));
@@ -92,7 +92,8 @@ void TestVersionUpgrade::otherFieldsAreNotTouched()
     Database().CheckVersion();
     QCOMPARE(MasterField(1, QStringLiteral("Forename")), QStringLiteral("ANNE"));
     QCOMPARE(MasterField(1, QStringLiteral("Address1")), QStringLiteral("HIGH STREET"));
-    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Forename FROM Player"))), QStringLiteral("IAN"));
+    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Forename FROM Player"))),
+             QStringLiteral("IAN"));
 }
 
 void TestVersionUpgrade::emptySurnameStaysEmpty()
@@ -101,7 +102,8 @@ void TestVersionUpgrade::emptySurnameStaysEmpty()
     CreateAtFirstVersion();
     InsertNames();
     Database().CheckVersion();
-    const QVariant surname = SqlScalar(QStringLiteral("SELECT Surname FROM Master WHERE MasterId = 3"));
+    const QVariant surname =
+        SqlScalar(QStringLiteral("SELECT Surname FROM Master WHERE MasterId = 3"));
     QVERIFY(!surname.isNull());
     QCOMPARE(surname.toString(), QString());
     QVERIFY(SqlScalar(QStringLiteral("SELECT Address4 FROM Master WHERE MasterId = 3")).isNull());

@@ -105,7 +105,8 @@ void TestCommon::maxOfAndMinOfCompareNumbersAndReturnSecondOnTie()
 void TestCommon::capitaliseWordsRaisesAfterBlanksAndLineFeeds()
 {
     QCOMPARE(CapitaliseWords(QStringLiteral("mary anne smith")), QStringLiteral("Mary Anne Smith"));
-    QCOMPARE(CapitaliseWords(QStringLiteral("line one\nline two")), QStringLiteral("Line One\nLine Two"));
+    QCOMPARE(CapitaliseWords(QStringLiteral("line one\nline two")),
+             QStringLiteral("Line One\nLine Two"));
     QCOMPARE(CapitaliseWords(QStringLiteral("mcDonald")), QStringLiteral("McDonald"));
 }
 
@@ -161,10 +162,14 @@ void TestCommon::padRightCutsAndPads()
 
 void TestCommon::ageOnBirthdayIsOneLessThanCalendarDifference()
 {
-    QCOMPARE(AgeAtDate(QStringLiteral("01/09/2026"), QStringLiteral("01/09/2010")), QStringLiteral("15"));
-    QCOMPARE(AgeAtDate(QStringLiteral("02/09/2026"), QStringLiteral("01/09/2010")), QStringLiteral("16"));
-    QCOMPARE(AgeAtDate(QStringLiteral("01/10/2026"), QStringLiteral("01/09/2010")), QStringLiteral("16"));
-    QCOMPARE(AgeAtDate(QStringLiteral("31/08/2026"), QStringLiteral("01/09/2010")), QStringLiteral("15"));
+    QCOMPARE(AgeAtDate(QStringLiteral("01/09/2026"), QStringLiteral("01/09/2010")),
+             QStringLiteral("15"));
+    QCOMPARE(AgeAtDate(QStringLiteral("02/09/2026"), QStringLiteral("01/09/2010")),
+             QStringLiteral("16"));
+    QCOMPARE(AgeAtDate(QStringLiteral("01/10/2026"), QStringLiteral("01/09/2010")),
+             QStringLiteral("16"));
+    QCOMPARE(AgeAtDate(QStringLiteral("31/08/2026"), QStringLiteral("01/09/2010")),
+             QStringLiteral("15"));
 }
 
 void TestCommon::ageWithEmptyBirthDateIsEmpty()

@@ -118,7 +118,8 @@ void TestControl::updateStoresAgeDateAsDateAndReadsItBack()
     Control().setAgeDate(QStringLiteral("31/08/2026"));
     Control().setUserDefined3(QStringLiteral("O'Brien \"Cup\""));
     Control().Update();
-    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT AgeDate FROM Cntrl"))), QStringLiteral("2026-08-31"));
+    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT AgeDate FROM Cntrl"))),
+             QStringLiteral("2026-08-31"));
     Restart();
     QCOMPARE(Control().AgeDate(), QStringLiteral("31/08/2026"));
     QCOMPARE(Control().UserDefined3(), QStringLiteral("O'Brien \"Cup\""));

@@ -6,8 +6,8 @@
 #include "session/user_interaction.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -23,6 +23,8 @@ void PrepareIsolatedEnvironment()
     setenv("XDG_DATA_HOME", QByteArray(root + "/data").constData(), 1);
     setenv("XDG_CACHE_HOME", QByteArray(root + "/cache").constData(), 1);
     setenv("XDG_RUNTIME_DIR", QByteArray(root + "/runtime").constData(), 1);
+    QFile::setPermissions(home.path() + QStringLiteral("/runtime"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QStandardPaths::setTestModeEnabled(true);
 }
 

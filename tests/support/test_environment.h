@@ -31,14 +31,14 @@ QString CopySharedFile(const QString &relativePath, const QString &folder);
 // Declares main() for a Qt Test class, after isolating the environment. Logic tests
 // run under QGuiApplication (fonts and page layouts need it), window tests under
 // QApplication; both on the offscreen platform that CTest sets.
-#define VELMORA_TEST_MAIN_WITH(ApplicationType, TestClass)                                    \
-    int main(int argc, char **argv)                                                           \
-    {                                                                                         \
-        PrepareIsolatedEnvironment();                                                         \
-        ApplicationType app(argc, argv);                                                      \
-        TestClass test;                                                                       \
-        QTEST_SET_MAIN_SOURCE_PATH                                                            \
-        return QTest::qExec(&test, argc, argv);                                               \
+#define VELMORA_TEST_MAIN_WITH(ApplicationType, TestClass)                                         \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
+        PrepareIsolatedEnvironment();                                                              \
+        ApplicationType app(argc, argv);                                                           \
+        TestClass test;                                                                            \
+        QTEST_SET_MAIN_SOURCE_PATH                                                                 \
+        return QTest::qExec(&test, argc, argv);                                                    \
     }
 #define VELMORA_TEST_MAIN(TestClass) VELMORA_TEST_MAIN_WITH(QGuiApplication, TestClass)
 #define VELMORA_WIDGET_TEST_MAIN(TestClass) VELMORA_TEST_MAIN_WITH(QApplication, TestClass)

@@ -1,0 +1,95 @@
+#include "ui/frm_about.h"
+
+#include "session/app_info.h"
+#include "session/busy.h"
+#include "session/user_interaction.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString MakerLine = QStringLiteral("Velmora! Software");
+
+QLabel *TitleLabel(QWidget *parent)
+{
+    auto *title = new QLabel(AppInfo::Title(), parent);
+    QFont font = title->font();
+    font.setPointSize(font.pointSize() * 2);
+    font.setBold(true);
+    title->setFont(font);
+    title->setAlignment(Qt::AlignCenter);
+    return title;
+}
+
+QLabel *VersionLabel(QWidget *parent)
+{
+    cBusySection busy;
+    auto *label = new QLabel(VersionCaption(), parent);
+    label->setObjectName(QStringLiteral("lblVersion"));
+    label->setAlignment(Qt::AlignCenter);
+    return label;
+}
+
+} // namespace
+
+QString VersionCaption()
+{
+    return QStringLiteral("Version ") + AppInfo::VersionText();
+}
+
+frmSplash::frmSplash(QWidget *parent)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+{
+    setObjectName(QStringLiteral("frmSplash"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(40, 30, 40, 30);
+    layout->addWidget(TitleLabel(this));
+    lblVersion = VersionLabel(this);
+    layout->addWidget(lblVersion);
+    auto *platform = new QLabel(tr("Windows '95,  '98 and 2000"), this);
+    platform->setAlignment(Qt::AlignCenter);
+    layout->addWidget(platform);
+    auto *maker = new QLabel(MakerLine, this);
+    maker->setAlignment(Qt::AlignCenter);
+    layout->addWidget(maker);
+    setStyleSheet(QStringLiteral("frmSplash { border: 2px solid palette(dark); }"));
+}
+
+frmAbout::frmAbout(QWidget *parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmAbout"));
+    setWindowTitle(tr("About Velmora!"));
+    lblVersion = VersionLabel(this);
+    cmdOk = new QPushButton(tr("Close"), this);
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    cmdSysInfo = new QPushButton(tr("System Info"), this);
+    cmdSysInfo->setObjectName(QStringLiteral("cmdSysInfo"));
+    auto *maker = new QLabel(MakerLine, this);
+    maker->setAlignment(Qt::AlignCenter);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdSysInfo);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(TitleLabel(this));
+    layout->addWidget(lblVersion);
+    layout->addWidget(maker);
+    layout->addLayout(buttons);
+
+    connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
+}
+
+void frmAbout::cmdSysInfo_Click()
+{
+    cBusySection busy;
+    // There is no system-information program to start on this platform, so the
+    // fallback message is the answer.
+    Interaction().ShowMessage(tr("System Information Is Unavailable At This Time"),
+                              MessageIcon::Plain, windowTitle());
+}

@@ -1,0 +1,121 @@
+#include "ui/start_up.h"
+
+#include "database/database.h"
+#include "session/app_info.h"
+#include "session/busy.h"
+#include "session/control.h"
+#include "session/fatal_fault.h"
+#include "session/globals.h"
+#include "session/user_interaction.h"
+#include "ui/frm_about.h"
+#include "ui/frm_main.h"
+#include "ui/frm_new_db.h"
+
+#include <QApplication>
+#include <QDir>
+
+QString FailureMessage(const QString &source, int number, const QString &description)
+{
+    return AppInfo::Title() + QStringLiteral(" (Version: ") + AppInfo::VersionText() + u')' +
+           u'\n' + QDir::toNativeSeparators(QCoreApplication::applicationDirPath()) +
+           QStringLiteral("\n\n") + QStringLiteral("An unknown error has occured") + u'\n' +
+           source + u'\n' + QString::number(number) + QStringLiteral(": ") + description + u'\n';
+}
+
+void ShowFailure(const QString &source, int number, const QString &description)
+{
+    Interaction().ShowMessage(FailureMessage(source, number, description), MessageIcon::Critical,
+                              AppInfo::Title());
+}
+
+cStartUp::cStartUp() = default;
+
+cStartUp::~cStartUp()
+{
+    // The main window goes before the session it reads from.
+    mainWindow_.reset();
+    splash_.reset();
+}
+
+bool cStartUp::Main()
+{
+    BeginBusy();
+    try {
+        const bool running = RunSequence();
+        EndBusy();
+        return running;
+    } catch (const cFatalFault &fault) {
+        EndBusy();
+        splash_.reset();
+        ShowFailure(fault.Source(), fault.Number(), fault.Description());
+    } catch (const std::exception &error) {
+        EndBusy();
+        splash_.reset();
+        ShowFailure(AppInfo::Title(), 0, QString::fromLocal8Bit(error.what()));
+    }
+    exitCode_ = 1;
+    return false;
+}
+
+bool cStartUp::IsAnotherCopyRunning()
+{
+    // The lock lives in the data folder, beside the file that two copies would share.
+    const QString folder = cDatabase::ConfiguredDataDir();
+    if (!QDir().mkpath(folder))
+        RaiseFatal(AppInfo::Title(), FaultNumber::File,
+                   QStringLiteral("The data folder ") + folder +
+                       QStringLiteral(" cannot be created."));
+    singleCopyLock_ = std::make_unique<QLockFile>(folder + QStringLiteral("Velmora.lock"));
+    singleCopyLock_->setStaleLockTime(0);
+    if (singleCopyLock_->tryLock(0))
+        return false;
+    if (singleCopyLock_->error() == QLockFile::PermissionError)
+        RaiseFatal(AppInfo::Title(), FaultNumber::File,
+                   QStringLiteral("The data folder ") + folder +
+                       QStringLiteral(" cannot be written."));
+    return true;
+}
+
+bool cStartUp::RunSequence()
+{
+    splash_ = std::make_unique<frmSplash>();
+    splash_->show();
+    QApplication::processEvents();
+
+    if (IsAnotherCopyRunning()) {
+        splash_.reset();
+        Interaction().ShowMessage(QStringLiteral("You can only run one copy of ") +
+                                      AppInfo::Title() + QStringLiteral(" on a machine at a time!"),
+                                  MessageIcon::Critical, AppInfo::Title());
+        exitCode_ = 0;
+        return false;
+    }
+
+    CreateSessionObjects();
+
+    if (!Database().Exists()) {
+        EndBusy();
+        frmNewDb newDb;
+        newDb.exec();
+        if (newDb.Cancelled) {
+            BeginBusy();
+            exitCode_ = 0;
+            splash_.reset();
+            return false;
+        }
+        BeginBusy();
+        splash_->repaint();
+        Database().Create();
+    }
+
+    Database().OpenDb();
+    Control().Load(QStringLiteral("Version"));
+    Database().CheckVersion();
+    Control().Load(QStringLiteral("All"));
+
+    mainWindow_ = std::make_unique<frmMain>();
+    QApplication::processEvents();
+    mainWindow_->show();
+    splash_.reset();
+    return true;
+}
