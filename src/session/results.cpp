@@ -11,6 +11,7 @@
 #include "session/result.h"
 #include "session/tournament.h"
 
+#include <QHash>
 #include <QSqlQuery>
 
 namespace {
@@ -48,16 +49,20 @@ void cResults::LoadAllResults()
     QSqlQuery rows = RunSql(QStringLiteral("Select \"Round\", Board, White, Black, \"Result\" "
                                            "From Result Where TId = ? order by \"Round\", Board"),
                             {WholeValue(tournament.TournId())});
+    // The games of each round are counted as they come, which gives what
+    // CountForRound would give before any spare row is added.
+    QHash<double, qint32> gamesOfRound;
     while (rows.next()) {
-        const std::shared_ptr<cPlayer> white = players.item(NumberTextOf(rows.value(2)));
-        const std::shared_ptr<cPlayer> black = players.item(NumberTextOf(rows.value(3)));
-        Add(NumberTextOf(rows.value(0)), NumberTextOf(rows.value(1)), white, black,
-            TextOf(rows.value(4)));
+        const std::shared_ptr<cPlayer> white = players.item(StoredNumberText(rows.value(2)));
+        const std::shared_ptr<cPlayer> black = players.item(StoredNumberText(rows.value(3)));
+        const auto entry = Add(StoredNumberText(rows.value(0)), StoredNumberText(rows.value(1)),
+                               white, black, TextOf(rows.value(4)));
+        ++gamesOfRound[NumericValue(entry->Round())];
     }
     const qint64 rounds = WholeValue(tournament.Rounds());
     const qint32 entrants = players.Count();
     for (qint64 round = 1; round <= rounds; ++round) {
-        const qint32 spare = MaxOf(qint32(5), entrants / 2 - CountForRound(qint16(round)) + 5);
+        const qint32 spare = MaxOf(qint32(5), entrants / 2 - gamesOfRound.value(double(round)) + 5);
         const QString roundText = QString::number(round);
         for (qint32 row = 0; row < spare; ++row)
             Add(roundText, QString(), nullptr, nullptr, QString());
