@@ -1,0 +1,27 @@
+#include "register/master.h"
+
+#include "database/database.h"
+#include "database/sql.h"
+#include "session/app_info.h"
+#include "session/common.h"
+#include "session/globals.h"
+#include "session/user_interaction.h"
+
+cMaster::cMaster() : cPersonRecord(QStringLiteral("Master"), QStringLiteral("MasterId")) {}
+
+bool cMaster::DeleteRequired() const
+{
+    const QVariant entrant =
+        SqlScalar(QStringLiteral("Select 1 From Player Where MasterId = ? Limit 1"),
+                  {WholeValue(MasterId())});
+    if (entrant.isNull())
+        return true;
+    return Interaction().AskYesNo(QStringLiteral("The Player has been included in a Tournament. "
+                                                 "Do you still want to delete the player?"),
+                                  AppInfo::Title());
+}
+
+QString cMaster::NextId() const
+{
+    return Database().NextMasterId();
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class cMaster;
+class cPlayer;
+
+// The entrants of one tournament in memory, keyed by PlayerId and kept in the order
+// in which they were added, which is the order every later walk meets them in.
+//
+// The collection works on the open tournament of the session: ids, pins and the load
+// are those of Control().Tournament(). Other members of this class (recalculation,
+// pins, reports) are defined in the layers that own them.
+class cPlayers
+{
+public:
+    using cEntries = std::vector<std::shared_ptr<cPlayer>>;
+
+    // The next free player id of the open tournament, from the file: a removed
+    // highest id is given out again.
+    QString NextPlayerId() const;
+    // The next free pin number of the open tournament, from the file.
+    QString NextPin() const;
+    // Refreshes every entrant's grades from the register and writes each entrant;
+    // one without a register record is left as it is. Scores are not recalculated.
+    void LoadGradesFromMaster();
+    // Enters the person of the register record and writes the new entrant.
+    std::shared_ptr<cPlayer> AddFromMaster(const QString &tournId, const cMaster &master);
+    // False when the person is already entered: master ids compared exactly as text.
+    bool ValidAddPlayer(const QString &masterId) const;
+    // Reads every entrant of the open tournament in pin, surname and forename order.
+    // Meant for a fresh collection; it does not empty it first.
+    void LoadAllPlayers();
+    // Reads one entrant and adds it under its player id.
+    std::shared_ptr<cPlayer> Load(const QString &tournId, const QString &playerId);
+
+    // The entrant under the key. "" and "0" give none: that is how a game finds its
+    // empty side. Any other unknown key is a fatal fault.
+    std::shared_ptr<cPlayer> item(const QString &key) const;
+    // The entrant at a position counted from 1; a position outside is a fatal fault.
+    std::shared_ptr<cPlayer> item(qint32 position) const;
+    qint32 Count() const { return qint32(entries_.size()); }
+    // Takes the entrant out of the collection and deletes it with its games.
+    void Remove(const QString &key);
+    void Remove(qint32 position);
+
+    cEntries::const_iterator begin() const { return entries_.begin(); }
+    cEntries::const_iterator end() const { return entries_.end(); }
+
+private:
+    // Adds under the key; a key already present is a fatal fault.
+    void Add(const QString &key, std::shared_ptr<cPlayer> player);
+    void RemoveAt(qsizetype index);
+
+    cEntries entries_;
+    QHash<QString, std::shared_ptr<cPlayer>> byKey_;
+};

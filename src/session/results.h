@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class cPlayer;
+class cResult;
+
+// The games of one tournament in memory, every round at once, in the order of adding,
+// with the spare empty rows that the entry grid offers. Spare rows live in memory
+// only and never reach the file.
+//
+// The collection works on the open tournament of the session: its id, its entrants
+// and its number of rounds. Board handling and the pairing list are defined in the
+// layers that own them.
+class cResults
+{
+public:
+    using cEntries = std::vector<std::shared_ptr<cResult>>;
+
+    // How many entries, spare rows included, belong to the round.
+    qint16 CountForRound(qint16 round) const;
+    // Reads the games of the open tournament in round and board order, after its
+    // entrants are loaded, and gives every round its spare rows: at least 5, and
+    // room for every entrant not yet paired with 5 to spare.
+    void LoadAllResults();
+    // Replaces the stored round as a whole by the entries of that round that have
+    // at least one side; the rest of the file is untouched.
+    void UpdateResults(qint16 round);
+    // Adds an entry; the key is not used, as entries have none.
+    std::shared_ptr<cResult> Add(const QString &round, const QString &board,
+                                 std::shared_ptr<cPlayer> white, std::shared_ptr<cPlayer> black,
+                                 const QString &result, const QString &key = QString());
+    // The entry at a position counted from 1; a position outside is a fatal fault.
+    std::shared_ptr<cResult> item(qint32 position) const;
+    qint32 Count() const { return qint32(entries_.size()); }
+    // Takes the entry out of the collection only; the file is not touched.
+    void Remove(qint32 position);
+
+    cEntries::const_iterator begin() const { return entries_.begin(); }
+    cEntries::const_iterator end() const { return entries_.end(); }
+
+private:
+    cEntries entries_;
+};
