@@ -3,9 +3,12 @@
 #include "reports/page_document.h"
 
 #include <QFont>
+#include <QGlyphRun>
+#include <QHash>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPen>
+#include <QRawFont>
 
 namespace {
 
@@ -32,9 +35,9 @@ QColor QtColour(QRgb colour)
     return QColor(qRed(colour), qGreen(colour), qBlue(colour));
 }
 
-// The font a text is drawn in, sized so that its em on the sheet is the em that the
-// fixed metrics measured, whatever the resolution of the device.
-QFont DeviceFont(const cPageText &text, double scale, int deviceDpi)
+// The face a text is drawn in, at the em on the sheet that the fixed metrics
+// measured, in device pixels and fractions of them.
+QRawFont DeviceFont(const cPageText &text, double scale)
 {
     QFont font(text.FontName);
     font.setStyleHint(QFont::TypeWriter, QFont::PreferMatch);
@@ -43,9 +46,47 @@ QFont DeviceFont(const cPageText &text, double scale, int deviceDpi)
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setBold((text.FontStyle & FontStyle::Bold) != 0);
     font.setItalic((text.FontStyle & FontStyle::Italic) != 0);
-    const double pixels = cPageDocument::EmSize(text.FontHeight) * scale;
-    font.setPointSizeF(qMax(0.1, pixels * 72.0 / qMax(1, deviceDpi)));
-    return font;
+    font.setPixelSize(100);
+    QRawFont face = QRawFont::fromFont(font);
+    face.setPixelSize(cPageDocument::EmSize(text.FontHeight) * scale);
+    return face;
+}
+
+// Faces already looked up for one page, by font name, style and height.
+class cFaceCache
+{
+public:
+    explicit cFaceCache(double scale) : scale_(scale) {}
+
+    const QRawFont &Face(const cPageText &text)
+    {
+        const QString key = text.FontName + u'/' + QString::number(text.FontStyle) + u'/' +
+                            QString::number(text.FontHeight);
+        auto found = faces_.find(key);
+        if (found == faces_.end())
+            found = faces_.insert(key, DeviceFont(text, scale_));
+        return found.value();
+    }
+
+private:
+    double scale_;
+    QHash<QString, QRawFont> faces_;
+};
+
+// Each character stands in its own cell of the fixed advance, so the columns of a
+// report line up on every device, whatever the device does with fractions of a pixel.
+QGlyphRun PlacedGlyphs(const QRawFont &face, const QString &text, double advance)
+{
+    const QList<quint32> glyphs = face.glyphIndexesForString(text);
+    QList<QPointF> positions;
+    positions.reserve(glyphs.size());
+    for (qsizetype i = 0; i < glyphs.size(); ++i)
+        positions.append(QPointF(i * advance, 0.0));
+    QGlyphRun run;
+    run.setRawFont(face);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    return run;
 }
 
 } // namespace
@@ -55,6 +96,7 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
     // Device units in a tenth of a millimetre.
     const double scale = dotsPerInch / 254.0;
     const cPage &content = document.Page(page);
+    cFaceCache faces(scale);
 
     painter.save();
     for (const cPageRule &rule : content.Rules) {
@@ -78,10 +120,11 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
         } else {
             painter.setClipping(false);
         }
-        painter.setFont(DeviceFont(text, scale, painter.device()->logicalDpiY()));
         const cPageRect box = text.Box();
-        painter.drawText(QPointF(box.Left * scale, (box.Top + text.BaselineOffset()) * scale),
-                         text.Text);
+        const double advance = cPageDocument::EmSize(text.FontHeight) * CourierMetrics::Advance /
+                               CourierMetrics::UnitsPerEm * scale;
+        painter.drawGlyphRun(QPointF(box.Left * scale, (box.Top + text.BaselineOffset()) * scale),
+                             PlacedGlyphs(faces.Face(text), text.Text, advance));
     }
     painter.restore();
 }
