@@ -381,7 +381,7 @@ void TestPrintCntrl::titleLineIsBoldAndTwoPointsLarger()
 
     QCOMPARE(RunningLines().at(1),
              (cRunningLine{1, 138, QStringLiteral("Spring Congress"), 10, FontStyle::Bold}));
-    const cPageText &title = TextsAt(1, 100, 138).at(0);
+    const cPageText title = TextsAt(1, 100, 138).at(0);
     QCOMPARE(title.FontHeight, 100);
     QCOMPARE(title.FontStyle, FontStyle::Bold);
     QCOMPARE(*title.Clip, (cPageRect{100, 138, 2000, 178}));
