@@ -1,0 +1,152 @@
+#include "reports/page_renderer.h"
+
+#include "reports/page_document.h"
+
+#include <QFont>
+#include <QGlyphRun>
+#include <QHash>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPen>
+#include <QRawFont>
+
+namespace {
+
+Qt::PenStyle QtPenStyle(qint32 style)
+{
+    switch (style) {
+    case 1:
+        return Qt::DashLine;
+    case 2:
+        return Qt::DotLine;
+    case 3:
+        return Qt::DashDotLine;
+    case 4:
+        return Qt::DashDotDotLine;
+    case 5:
+        return Qt::NoPen;
+    default:
+        return Qt::SolidLine;
+    }
+}
+
+QColor QtColour(QRgb colour)
+{
+    return QColor(qRed(colour), qGreen(colour), qBlue(colour));
+}
+
+// The face a text is drawn in, at the em on the sheet that the fixed metrics
+// measured, in device pixels and fractions of them.
+QRawFont DeviceFont(const cPageText &text, double scale)
+{
+    QFont font(text.FontName);
+    font.setStyleHint(QFont::TypeWriter, QFont::PreferMatch);
+    font.setFixedPitch(true);
+    font.setKerning(false);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setBold((text.FontStyle & FontStyle::Bold) != 0);
+    font.setItalic((text.FontStyle & FontStyle::Italic) != 0);
+    font.setPixelSize(100);
+    QRawFont face = QRawFont::fromFont(font);
+    face.setPixelSize(cPageDocument::EmSize(text.FontHeight) * scale);
+    return face;
+}
+
+// Faces already looked up for one page, by font name, style and height.
+class cFaceCache
+{
+public:
+    explicit cFaceCache(double scale) : scale_(scale) {}
+
+    const QRawFont &Face(const cPageText &text)
+    {
+        const QString key = text.FontName + u'/' + QString::number(text.FontStyle) + u'/' +
+                            QString::number(text.FontHeight);
+        auto found = faces_.find(key);
+        if (found == faces_.end())
+            found = faces_.insert(key, DeviceFont(text, scale_));
+        return found.value();
+    }
+
+private:
+    double scale_;
+    QHash<QString, QRawFont> faces_;
+};
+
+// Each character stands in its own cell of the fixed advance, so the columns of a
+// report line up on every device, whatever the device does with fractions of a pixel.
+QGlyphRun PlacedGlyphs(const QRawFont &face, const QString &text, double advance)
+{
+    const QList<quint32> glyphs = face.glyphIndexesForString(text);
+    QList<QPointF> positions;
+    positions.reserve(glyphs.size());
+    for (qsizetype i = 0; i < glyphs.size(); ++i)
+        positions.append(QPointF(i * advance, 0.0));
+    QGlyphRun run;
+    run.setRawFont(face);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    return run;
+}
+
+} // namespace
+
+void PaintPage(const cPageDocument &document, int page, QPainter &painter, double dotsPerInch)
+{
+    // Device units in a tenth of a millimetre.
+    const double scale = dotsPerInch / 254.0;
+    const cPage &content = document.Page(page);
+    cFaceCache faces(scale);
+
+    painter.save();
+    for (const cPageRule &rule : content.Rules) {
+        QPen pen(QtColour(rule.PenColour));
+        pen.setStyle(QtPenStyle(rule.PenStyle));
+        pen.setWidthF(rule.PenWidth * scale);
+        pen.setCapStyle(Qt::SquareCap);
+        painter.setPen(pen);
+        painter.drawLine(QPointF(rule.X1 * scale, rule.Y1 * scale),
+                         QPointF(rule.X2 * scale, rule.Y2 * scale));
+    }
+
+    painter.setPen(QColor(Qt::black));
+    for (const cPageText &text : content.Texts) {
+        if (text.Clip) {
+            const cPageRect &clip = *text.Clip;
+            painter.setClipRect(QRectF(clip.Left * scale, clip.Top * scale,
+                                       (clip.Right - clip.Left) * scale,
+                                       (clip.Bottom - clip.Top) * scale),
+                                Qt::ReplaceClip);
+        } else {
+            painter.setClipping(false);
+        }
+        const cPageRect box = text.Box();
+        const double advance = cPageDocument::EmSize(text.FontHeight) * CourierMetrics::Advance /
+                               CourierMetrics::UnitsPerEm * scale;
+        painter.drawGlyphRun(QPointF(box.Left * scale, (box.Top + text.BaselineOffset()) * scale),
+                             PlacedGlyphs(faces.Face(text), text.Text, advance));
+    }
+    painter.restore();
+}
+
+void PreparePagedDevice(const cPageDocument &document, QPagedPaintDevice &device)
+{
+    device.setPageLayout(QPageLayout(document.PaperSize(), document.PaperOrientation(),
+                                     QMarginsF(0, 0, 0, 0), QPageLayout::Millimeter));
+}
+
+bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device)
+{
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    const double dotsPerInch = device.logicalDpiX();
+    for (int page = 1; page <= document.PageCount(); ++page) {
+        if (page > 1 && !device.newPage()) {
+            painter.end();
+            return false;
+        }
+        PaintPage(document, page, painter, dotsPerInch);
+    }
+    return painter.end();
+}
