@@ -39,6 +39,24 @@ public:
     // stands in the way is moved aside, never destroyed, and the user is told where.
     void Create();
     void CreateBCFMastList();
+
+    // The loads of the BCF grading list and club list. Each Copy… routine appends
+    // its whole source as one unit of work, or nothing: a file that can't be read to
+    // its end, lacks a field or holds a value that doesn't fit adds no row, and
+    // returns false with the reason in LoadFaultText(). A table name given with an
+    // extension is cut at its first ".".
+    void ClearBCFMastList();
+    void ClearClubTable();
+    bool CopyBCFMastList(const QString &folder, const QString &table);
+    // An empty folder means the base copy "club.txt" in SystemDir.
+    bool CopyClubTable(const QString &folder, const QString &table);
+    // Writes the base copy "club.txt" in SystemDir from the table "Club" of a folder.
+    bool OutputClubTable(const QString &folder);
+    // Replaces the list with the one in the file as one unit of work: a load that
+    // fails keeps the list that was there and tells the person why.
+    bool LoadBCFMastList(const QString &fileName);
+    bool LoadClubTable(const QString &fileName);
+    QString LoadFaultText() const { return loadFaultText_; }
     // Brings an older database up to the present version, one step after another.
     void CheckVersion();
 
@@ -70,4 +88,5 @@ private:
     QString dataDir_;
     QString backupDir_;
     QString sourceDb_;
+    QString loadFaultText_;
 };
