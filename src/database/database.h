@@ -57,6 +57,24 @@ public:
     bool LoadBCFMastList(const QString &fileName);
     bool LoadClubTable(const QString &fileName);
     QString LoadFaultText() const { return loadFaultText_; }
+    // The import of a folder of the DOS predecessor into a new database. Each
+    // Copy…Table routine appends its table as one unit of work or nothing, and
+    // returns false with the reason in LoadFaultText(). Names stay as the DOS
+    // files give them; the version upgrade puts them into proper case.
+    bool CopyMasterTable(const QString &folder);
+    bool CopyVelmoraTable(const QString &folder);
+    bool CopyPlayerTable(const QString &folder);
+    bool CopyResultTable(const QString &folder);
+    // Fills a new database: the four tables of a DOS folder, if one is given, and
+    // the clubs (from the folder, or from the base copy without one). The whole
+    // import is one unit of work: a folder that fails part way leaves the new
+    // database empty, and the person is told why.
+    bool Copy(const QString &source);
+    // The folder of the DOS data files named by a path to their Master.dbf, in any
+    // case of letters ("d:\old\master.dbf" gives "d:\old"); "" when the path does
+    // not name a Master.dbf.
+    static QString DosFolderOfMaster(const QString &masterFile);
+
     // Brings an older database up to the present version, one step after another.
     void CheckVersion();
 
