@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QSqlDatabase>
 #include <QString>
 
@@ -74,6 +75,19 @@ public:
     // case of letters ("d:\old\master.dbf" gives "d:\old"); "" when the path does
     // not name a Master.dbf.
     static QString DosFolderOfMaster(const QString &masterFile);
+
+    // Safeguarding of the data file with SQLite's own copy. BackupDB writes a copy
+    // to a file that the person names; TidyDb compacts the file, keeping a safety
+    // copy "Velmora.bak"; RestoreDb puts a copy back in place of the data file,
+    // after a question, and only when the file is a database of this program. Each
+    // is true when it has done its work, false when cancelled or refused.
+    bool BackupDB();
+    bool TidyDb();
+    bool RestoreDb();
+    // The name proposed for a backup made on a date: "T" + yymmdd + ".bak".
+    static QString BackupFileName(const QDate &date);
+    // A file size as the tidy message shows it, in kilobytes: "1,500KB".
+    static QString SizeInKilobytes(qint64 bytes);
 
     // Brings an older database up to the present version, one step after another.
     void CheckVersion();

@@ -81,6 +81,8 @@ public:
     }
     void ProgressTerminate() override {}
     void ShowLongText(const QString &, const QString &) override {}
+    QString ChooseSaveFile(const cFileRequest &) override { return QString(); }
+    QString ChooseOpenFile(const cFileRequest &) override { return QString(); }
     void Beep() override {}
     void SetBusyPointer(bool) override {}
 
