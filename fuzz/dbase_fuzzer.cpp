@@ -26,6 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (++seen > rows)
             __builtin_trap(); // more rows than the header counts: the walk is wrong
         for (int index = 0; index < fieldCount; ++index) {
+            if (table.RawValue(index).size() != table.Fields()[index].length)
+                __builtin_trap(); // a field's bytes are always its whole width
             const QVariant value = table.Value(index);
             if (!value.isNull())
                 (void)value.toString();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QVariantList>
 
@@ -15,6 +15,9 @@ struct sqlite3_stmt;
 // than the write itself for a list of a hundred thousand players. Should the
 // driver not share this program's SQLite library, it goes through cPreparedSql.
 // A failing row is a fatal fault, as with RunSql.
+//
+// A row is bound value by value and written by Step; a value not bound in a row is
+// null. Text bound with BindText must stay in place until Step.
 class cBulkInsert
 {
 public:
@@ -23,6 +26,13 @@ public:
     cBulkInsert(const cBulkInsert &) = delete;
     cBulkInsert &operator=(const cBulkInsert &) = delete;
 
+    // Columns count from 0, in the order of the statement's values.
+    void BindText(int column, QByteArrayView utf8);
+    void BindDouble(int column, double value);
+    void BindValue(int column, const QVariant &value);
+    void Step();
+
+    // Binds the values in order and writes the row.
     void Run(const QVariantList &values);
 
 private:
@@ -32,5 +42,6 @@ private:
     sqlite3 *handle_ = nullptr;
     sqlite3_stmt *prepared_ = nullptr;
     std::unique_ptr<cPreparedSql> fallback_;
-    QByteArray utf8_;
+    QVariantList fallbackValues_;
+    QList<QByteArray> texts_;
 };

@@ -428,6 +428,14 @@ QVariant cDbaseTable::Value(int fieldIndex) const
     }
 }
 
+QByteArrayView cDbaseTable::RawValue(int fieldIndex) const
+{
+    if (!row_ || fieldIndex < 0 || fieldIndex >= fields_.size())
+        return {};
+    const Field &field = fields_[fieldIndex];
+    return QByteArrayView(row_ + field.offset, field.length);
+}
+
 QVariant cDbaseTable::Value(const QString &name) const
 {
     return Value(FieldIndex(name));

@@ -72,6 +72,9 @@ public:
     qint32 RowNumber() const { return currentRow_ + 1; }
 
     QVariant Value(int fieldIndex) const;
+    // The bytes of a field of the current row as the file holds them, padding
+    // included, for passes that read a long list without making a value of each.
+    QByteArrayView RawValue(int fieldIndex) const;
     // The value of a field by name; null when the table has no such field.
     QVariant Value(const QString &name) const;
 

@@ -8,14 +8,20 @@
 #include "database/sql.h"
 #include "session/app_info.h"
 #include "session/fatal_fault.h"
+#include "session/globals.h"
 #include "session/progress.h"
 #include "session/user_interaction.h"
 
+#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QSqlQuery>
 #include <QStringDecoder>
+
+#include <cstring>
+#include <limits>
 
 // The BCF publishes its grading list and club list as dBase files; a new database
 // without a DOS folder takes its clubs from the base copy "club.txt" that ships
@@ -66,89 +72,249 @@ const QStringList BCFListFields = {
 const QStringList ClubFields = {QStringLiteral("Code"), QStringLiteral("Club"),
                                 QStringLiteral("County"), QStringLiteral("Union")};
 
-// A value of a source row with the field it goes to.
-struct cColumnPair
+bool IsBlankByte(char c)
 {
-    int source;
-    int column;
+    return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r' || c == '\0';
+}
+
+QByteArrayView TrimmedBytes(QByteArrayView bytes)
+{
+    qsizetype first = 0;
+    qsizetype last = bytes.size();
+    while (first < last && IsBlankByte(bytes[first]))
+        ++first;
+    while (last > first && IsBlankByte(bytes[last - 1]))
+        --last;
+    return bytes.sliced(first, last - first);
+}
+
+bool IsAscii(QByteArrayView bytes)
+{
+    for (const char c : bytes)
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return false;
+    return true;
+}
+
+// A field of the grading list with the field of BCFMast that it goes to. The list
+// is read from the bytes of each row, and only a value out of the ordinary (text
+// beyond ASCII, a field of another type than the list's own) is made into a value
+// of its own and mapped like any other source.
+struct cListColumn
+{
+    int source = -1;
+    int column = -1;
+    char type = 'C';
+    QString sourceName;
+    const FieldDefinition *field = nullptr;
 };
+
+class cListRowWriter
+{
+public:
+    cListRowWriter(const cDbaseTable &source, cBulkInsert &insert)
+        : source_(source), insert_(insert)
+    {}
+
+    cListColumn Column(const char *sourceName, const char *fieldName) const
+    {
+        const TableDefinition &table = Schema::BCFMastTable();
+        cListColumn pair;
+        pair.source = source_.FieldIndex(QString::fromLatin1(sourceName));
+        pair.column = ColumnOf(table, QString::fromLatin1(fieldName));
+        pair.type = source_.Fields()[pair.source].type;
+        pair.sourceName = source_.Fields()[pair.source].name;
+        pair.field = &table.fields[pair.column];
+        return pair;
+    }
+
+    void setPlace() { mapper_.setPlace(RowPlace(source_)); }
+
+    // Binds the trimmed text of a field; false, binding nothing, when it is blank.
+    bool Text(const cListColumn &pair, QByteArray &scratch)
+    {
+        if (pair.type == 'C') {
+            const QByteArrayView bytes = TrimmedBytes(source_.RawValue(pair.source));
+            if (bytes.isEmpty())
+                return false;
+            if (IsAscii(bytes) && bytes.size() <= pair.field->size) {
+                insert_.BindText(pair.column, bytes);
+                return true;
+            }
+        }
+        setPlace();
+        const QVariant value =
+            mapper_.Text(*pair.field, source_.Value(pair.source), true, pair.sourceName);
+        if (value.isNull())
+            return false;
+        scratch = value.toString().toUtf8();
+        insert_.BindText(pair.column, scratch);
+        return true;
+    }
+
+    // Binds the text of a field, or "" when it is blank, so that it is never null.
+    void TextOrEmpty(const cListColumn &pair, QByteArray &scratch)
+    {
+        if (!Text(pair, scratch))
+            insert_.BindText(pair.column, {});
+    }
+
+    // The number in a field; false when the field is blank. A value that is not a
+    // number is refused.
+    bool Number(const cListColumn &pair, double *number)
+    {
+        if (pair.type == 'N' || pair.type == 'F') {
+            const QByteArrayView bytes = TrimmedBytes(source_.RawValue(pair.source));
+            if (bytes.isEmpty() || bytes.front() == '*')
+                return false;
+            qsizetype at = bytes.front() == '-' ? 1 : 0;
+            qint64 whole = 0;
+            bool digits = at < bytes.size() && bytes.size() - at <= 15;
+            for (; digits && at < bytes.size(); ++at) {
+                const char c = bytes[at];
+                digits = c >= '0' && c <= '9';
+                whole = whole * 10 + (c - '0');
+            }
+            if (digits) {
+                *number = double(bytes.front() == '-' ? -whole : whole);
+                return true;
+            }
+        }
+        const QVariant value = source_.Value(pair.source);
+        if (value.isNull())
+            return false;
+        setPlace();
+        *number = mapper_.Number(*pair.field, value, pair.sourceName).toDouble();
+        return true;
+    }
+
+    void Date(const cListColumn &pair)
+    {
+        if (pair.type == 'D') {
+            const QByteArrayView bytes = TrimmedBytes(source_.RawValue(pair.source));
+            int parts[3] = {0, 0, 0};
+            const int widths[3] = {4, 2, 2};
+            bool digits = bytes.size() == 8;
+            for (int part = 0, at = 0; digits && part < 3; ++part)
+                for (int digit = 0; digits && digit < widths[part]; ++digit, ++at) {
+                    const char c = bytes[at];
+                    digits = c >= '0' && c <= '9';
+                    parts[part] = parts[part] * 10 + (c - '0');
+                }
+            // A blank or zero date is no date, as the reader gives it.
+            if (!digits || !QDate::isValid(parts[0], parts[1], parts[2]) || parts[0] == 0)
+                return;
+            // The row's bytes are digits already: yyyymmdd becomes yyyy-mm-dd.
+            const char *digitsOf = bytes.data();
+            memcpy(date_, digitsOf, 4);
+            date_[4] = '-';
+            memcpy(date_ + 5, digitsOf + 4, 2);
+            date_[7] = '-';
+            memcpy(date_ + 8, digitsOf + 6, 2);
+            insert_.BindText(pair.column, QByteArrayView(date_, 10));
+            return;
+        }
+        const QVariant value = source_.Value(pair.source);
+        if (value.isNull())
+            return;
+        setPlace();
+        insert_.BindValue(pair.column, mapper_.Date(*pair.field, value, pair.sourceName));
+    }
+
+private:
+    const cDbaseTable &source_;
+    cBulkInsert &insert_;
+    cValueMapper mapper_;
+    char date_[16] = {};
+};
+
+// A real BCF code carries a letter; a purely numeric reference is not a player of
+// the list.
+bool IsNumberText(QByteArrayView bytes)
+{
+    bool allDigits = !bytes.isEmpty();
+    bool numberCharacters = true;
+    for (const char c : bytes) {
+        const bool digit = c >= '0' && c <= '9';
+        allDigits = allDigits && digit;
+        numberCharacters = numberCharacters && (digit || c == '+' || c == '-' || c == '.' ||
+                                                c == ',' || c == 'e' || c == 'E');
+    }
+    if (allDigits)
+        return true;
+    if (!numberCharacters)
+        return false;
+    double number = 0;
+    return SourceNumber(QString::fromLatin1(bytes), &number);
+}
 
 void CopyBCFRows(cDbaseTable &source)
 {
     const TableDefinition &table = Schema::BCFMastTable();
-    const auto column = [&](const char *name) {
-        return ColumnOf(table, QString::fromLatin1(name));
-    };
-    const auto from = [&](const char *name) {
-        return source.FieldIndex(QString::fromLatin1(name));
-    };
-
-    // Fields filled with "" before a row is written, so that they are never null.
-    QList<int> emptyFirst;
-    for (const char *name : {"Name", "Sex", "Cat", "RCat", "Cat1", "RCat1", "Club1", "Club2",
-                             "Club3", "Club4", "Club5", "Club6"})
-        emptyFirst.append(column(name));
-
-    const cColumnPair ref{from("Ref"), column("Ref")};
-    const cColumnPair texts[] = {
-        {from("Name"), column("Name")}, {from("Sex"), column("Sex")}, {from("Age"), column("Age")}};
-    const cColumnPair dob{from("DOB"), column("DOB")};
-    const cColumnPair grades[4][2] = {
-        {{from("Grade"), column("Grade")}, {from("Cat"), column("Cat")}},
-        {{from("RGrade"), column("RGrade")}, {from("RCat"), column("RCat")}},
-        {{from("Grade1"), column("Grade1")}, {from("Cat1"), column("Cat1")}},
-        {{from("RGrade1"), column("RGrade1")}, {from("RCat1"), column("RCat1")}}};
-    const cColumnPair clubs[] = {
-        {from("Club1"), column("Club1")}, {from("Club2"), column("Club2")},
-        {from("Club3"), column("Club3")}, {from("Club4"), column("Club4")},
-        {from("Club5"), column("Club5")}, {from("Club6"), column("Club6")}};
-    const cColumnPair fideCode{from("FIDECode"), column("FIDECode")};
-    const QList<FieldDefinition> &fields = table.fields;
-    const QString emptyText = QStringLiteral("");
-
     // The index is built once after the rows are in, which is several times faster
     // than keeping it up to date row by row; it is part of the same unit of work.
     RunSql(QStringLiteral("DROP INDEX IF EXISTS \"BCFMastIndex\""));
+    // A list of a hundred thousand players fills some ten megabytes; with room for
+    // them all in memory, SQLite writes each page once, at the commit.
+    const QVariant cacheSize = SqlScalar(QStringLiteral("PRAGMA cache_size"));
+    RunSql(QStringLiteral("PRAGMA cache_size = -65536"));
+    struct cRestoreCache
+    {
+        QVariant size;
+        ~cRestoreCache()
+        {
+            QSqlQuery query(Database().Db());
+            query.exec(QStringLiteral("PRAGMA cache_size = ") + QString::number(size.toLongLong()));
+        }
+    } restoreCache{cacheSize};
 
     cBulkInsert insert(InsertStatement(table));
-    cValueMapper mapper;
-    const auto name = [&](const cColumnPair &pair) { return source.Fields()[pair.source].name; };
-    QVariantList row;
+    cListRowWriter writer(source, insert);
+    const cListColumn ref = writer.Column("Ref", "Ref");
+    // Name and Sex are never null; Age is null when the list leaves it blank.
+    const cListColumn name = writer.Column("Name", "Name");
+    const cListColumn sex = writer.Column("Sex", "Sex");
+    const cListColumn age = writer.Column("Age", "Age");
+    const cListColumn dob = writer.Column("DOB", "DOB");
+    const cListColumn grades[4][2] = {
+        {writer.Column("Grade", "Grade"), writer.Column("Cat", "Cat")},
+        {writer.Column("RGrade", "RGrade"), writer.Column("RCat", "RCat")},
+        {writer.Column("Grade1", "Grade1"), writer.Column("Cat1", "Cat1")},
+        {writer.Column("RGrade1", "RGrade1"), writer.Column("RCat1", "RCat1")}};
+    const cListColumn clubs[6] = {writer.Column("Club1", "Club1"), writer.Column("Club2", "Club2"),
+                                  writer.Column("Club3", "Club3"), writer.Column("Club4", "Club4"),
+                                  writer.Column("Club5", "Club5"), writer.Column("Club6", "Club6")};
+    const cListColumn fideCode = writer.Column("FIDECode", "FIDECode");
+
+    // Text beyond ASCII is bound from here, one buffer a field, until the row is written.
+    QList<QByteArray> scratch(table.fields.size());
     qint32 count = 0;
     while (source.Next()) {
-        // A real BCF code carries a letter; a purely numeric reference is not a
-        // player of the list.
-        const QVariant refValue = source.Value(ref.source);
-        double number = 0;
-        if (!refValue.isNull() && !SourceNumber(refValue, &number)) {
-            mapper.setPlace(RowPlace(source));
-            row = QList<QVariant>(fields.size());
-            for (const int index : emptyFirst)
-                row[index] = emptyText;
-            row[ref.column] = mapper.Text(fields[ref.column], refValue, true, name(ref));
-            for (const cColumnPair &pair : texts)
-                if (const QVariant value = source.Value(pair.source); !value.isNull())
-                    row[pair.column] = mapper.Text(fields[pair.column], value, true, name(pair));
-            if (const QVariant value = source.Value(dob.source); !value.isNull())
-                row[dob.column] = mapper.Date(fields[dob.column], value, name(dob));
+        const QByteArrayView refBytes = TrimmedBytes(source.RawValue(ref.source));
+        const bool taken = ref.type == 'C'
+                               ? !refBytes.isEmpty() && !IsNumberText(refBytes)
+                               : false; // a list whose references are numbers has no player in it
+        if (taken) {
+            writer.Text(ref, scratch[ref.column]);
+            writer.TextOrEmpty(name, scratch[name.column]);
+            writer.TextOrEmpty(sex, scratch[sex.column]);
+            writer.Text(age, scratch[age.column]);
+            writer.Date(dob);
             // A grade of 0 is no grade: neither it nor its letter is kept.
-            for (const auto &grade : grades) {
-                const QVariant value = source.Value(grade[0].source);
-                if (value.isNull() || (SourceNumber(value, &number) && number == 0))
-                    continue;
-                row[grade[0].column] =
-                    mapper.Number(fields[grade[0].column], value, name(grade[0]));
-                if (const QVariant letter = source.Value(grade[1].source); !letter.isNull())
-                    row[grade[1].column] =
-                        mapper.Text(fields[grade[1].column], letter, true, name(grade[1]));
+            for (const auto &[grade, letter] : grades) {
+                double number = 0;
+                if (writer.Number(grade, &number) && number != 0) {
+                    insert.BindDouble(grade.column, number);
+                    writer.TextOrEmpty(letter, scratch[letter.column]);
+                } else {
+                    insert.BindText(letter.column, {});
+                }
             }
-            for (const cColumnPair &pair : clubs)
-                if (const QVariant value = source.Value(pair.source); !value.isNull())
-                    row[pair.column] = mapper.Text(fields[pair.column], value, true, name(pair));
-            if (const QVariant value = source.Value(fideCode.source); !value.isNull())
-                row[fideCode.column] =
-                    mapper.Number(fields[fideCode.column], value, name(fideCode));
-            insert.Run(row);
+            for (const cListColumn &club : clubs)
+                writer.TextOrEmpty(club, scratch[club.column]);
+            if (double number = 0; writer.Number(fideCode, &number))
+                insert.BindDouble(fideCode.column, number);
+            insert.Step();
         }
         Progress::Update(++count);
     }
@@ -168,7 +334,7 @@ void CopyClubRows(cDbaseTable &source)
 {
     const TableDefinition &table = Schema::ClubTable();
     const QList<FieldDefinition> &fields = table.fields;
-    cPreparedSql insert(InsertStatement(table));
+    cBulkInsert insert(InsertStatement(table));
     cValueMapper mapper;
     const int code = source.FieldIndex(QStringLiteral("Code"));
     const int club = source.FieldIndex(QStringLiteral("Club"));

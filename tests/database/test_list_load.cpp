@@ -202,6 +202,62 @@ private slots:
         QCOMPARE(withExtension, 1997);
     }
 
+    void readsAListWhoseFieldsAreOfOtherTypes()
+    {
+        cTestSession session;
+        QList<cDbaseWriter::Field> fields = GradingListFields();
+        fields[3] = {"Age", 'N', 3};   // a number rather than text
+        fields[4] = {"DOB", 'C', 10};  // a date written as text
+        fields[5] = {"Grade", 'C', 3}; // a grade written as text
+        fields[19] = {"FIDECode", 'F', 12, 1};
+        cDbaseWriter writer(fields);
+        writer.AddRow({"7000A",      "Typed Otherwise",
+                       "F",          "17",
+                       "02/01/1990", "150",
+                       "B",          "",
+                       "",           "",
+                       "",           "",
+                       "",           "",
+                       "",           "",
+                       "",           "",
+                       "",           "412345.0"});
+        writer.AddRow({"7001B", "Zero As Text", "M", "", "", "0", "C"});
+        writer.AddRow({"7002C", "Not A Grade", "M", "", "", "1x", "C"});
+        QVERIFY(writer.Save(session.Path(QStringLiteral("typed.dbf"))));
+        QVERIFY(!Database().CopyBCFMastList(session.Path({}), QStringLiteral("typed")));
+        QVERIFY2(Database().LoadFaultText().contains(QStringLiteral("Row 3 of")),
+                 qPrintable(Database().LoadFaultText()));
+        QVERIFY(
+            Database().LoadFaultText().contains(QStringLiteral("Grade \"1x\" is not a number")));
+        QCOMPARE(Count(QStringLiteral("BCFMast")), 0);
+
+        cDbaseWriter good(fields);
+        good.AddRow({"7000A",      "Typed Otherwise",
+                     "F",          "17",
+                     "02/01/1990", "150",
+                     "B",          "",
+                     "",           "",
+                     "",           "",
+                     "",           "",
+                     "",           "",
+                     "",           "",
+                     "",           "412345.0"});
+        good.AddRow({"7001B", "Zero As Text", "M", "", "", "0", "C"});
+        QVERIFY(good.Save(session.Path(QStringLiteral("typed.dbf"))));
+        QVERIFY2(Database().CopyBCFMastList(session.Path({}), QStringLiteral("typed")),
+                 qPrintable(Database().LoadFaultText()));
+        QCOMPARE(ListValue(QStringLiteral("Age"), QStringLiteral("7000A")).toString(),
+                 QStringLiteral("17"));
+        QCOMPARE(ListValue(QStringLiteral("DOB"), QStringLiteral("7000A")).toString(),
+                 QStringLiteral("1990-01-02"));
+        QCOMPARE(ListValue(QStringLiteral("Grade"), QStringLiteral("7000A")).toDouble(), 150.0);
+        QCOMPARE(ListValue(QStringLiteral("FIDECode"), QStringLiteral("7000A")).toDouble(),
+                 412345.0);
+        QVERIFY(ListValue(QStringLiteral("Grade"), QStringLiteral("7001B")).isNull());
+        QVERIFY(IsEmptyText(ListValue(QStringLiteral("Cat"), QStringLiteral("7001B"))));
+        QVERIFY(ListValue(QStringLiteral("Age"), QStringLiteral("7001B")).isNull());
+    }
+
     void keepsText1252InNames()
     {
         cTestSession session;
