@@ -24,8 +24,9 @@ const QString ConfigurationSection = QStringLiteral("Configuration");
 
 QString ExecutableDir()
 {
-    const QString path =
-        QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QDir::currentPath();
+    const QString path = QCoreApplication::instance()
+        ? QCoreApplication::applicationDirPath()
+        : QDir::currentPath();
     return cDatabase::WithClosingSeparator(QDir::toNativeSeparators(path));
 }
 
@@ -123,8 +124,8 @@ void cDatabase::OpenDb()
 {
     CloseDb();
     if (!QFileInfo::exists(DataDb()))
-        RaiseFileFault(QStringLiteral("The database ") + DataDb() +
-                       QStringLiteral(" does not exist."));
+        RaiseFileFault(QStringLiteral("The database ") + DataDb()
+                       + QStringLiteral(" does not exist."));
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
         db.setDatabaseName(DataDb());
@@ -161,9 +162,9 @@ bool cDatabase::Exists() const
         probe.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
         if (probe.open()) {
             QSqlQuery query(probe);
-            found = query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = "
-                                              "'table' AND name = 'Cntrl'")) &&
-                    query.next() && query.value(0).toInt() == 1;
+            found = query.exec(QStringLiteral(
+                        "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'Cntrl'"))
+                && query.next() && query.value(0).toInt() == 1;
             query.finish();
             probe.close();
         }
@@ -179,23 +180,23 @@ void cDatabase::MoveAsideExistingFile()
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
     QString aside = dataDir_ + QStringLiteral("Velmora-") + stamp + QStringLiteral(".mdb");
     for (int attempt = 2; QFileInfo::exists(aside); ++attempt)
-        aside = dataDir_ + QStringLiteral("Velmora-") + stamp + u'-' + QString::number(attempt) +
-                QStringLiteral(".mdb");
+        aside = dataDir_ + QStringLiteral("Velmora-") + stamp + u'-' + QString::number(attempt)
+            + QStringLiteral(".mdb");
     if (!QFile::rename(DataDb(), aside))
-        RaiseFileFault(QStringLiteral("The file ") + DataDb() +
-                       QStringLiteral(" is not a Velmora! database and could not be moved aside."));
-    Interaction().ShowMessage(
-        QStringLiteral("The file ") + DataDb() +
-            QStringLiteral(" was not a Velmora! database. It has been kept as ") + aside + u'.',
-        MessageIcon::Information, AppInfo::Title());
+        RaiseFileFault(QStringLiteral("The file ") + DataDb()
+                       + QStringLiteral(" is not a Velmora! database and could not be moved aside."));
+    Interaction().ShowMessage(QStringLiteral("The file ") + DataDb()
+                                  + QStringLiteral(" was not a Velmora! database. It has been kept as ")
+                                  + aside + u'.',
+                              MessageIcon::Information, AppInfo::Title());
 }
 
 void cDatabase::Create()
 {
     CloseDb();
     if (!QDir().mkpath(dataDir_))
-        RaiseFileFault(QStringLiteral("The data folder ") + dataDir_ +
-                       QStringLiteral(" cannot be created."));
+        RaiseFileFault(QStringLiteral("The data folder ") + dataDir_
+                       + QStringLiteral(" cannot be created."));
     MoveAsideExistingFile();
 
     // The tables are built in a file of their own name first and put in place only
@@ -205,8 +206,8 @@ void cDatabase::Create()
     {
         QFile probe(building);
         if (!probe.open(QIODevice::WriteOnly))
-            RaiseFileFault(QStringLiteral("The data folder ") + dataDir_ +
-                           QStringLiteral(" cannot be written: ") + probe.errorString());
+            RaiseFileFault(QStringLiteral("The data folder ") + dataDir_
+                           + QStringLiteral(" cannot be written: ") + probe.errorString());
         probe.close();
         probe.remove();
     }
@@ -231,8 +232,8 @@ void cDatabase::Create()
     }
     CloseDb();
     if (!QFile::rename(building, finalName))
-        RaiseFileFault(QStringLiteral("The database ") + finalName +
-                       QStringLiteral(" could not be put in place."));
+        RaiseFileFault(QStringLiteral("The database ") + finalName
+                       + QStringLiteral(" could not be put in place."));
     OpenDb();
 }
 

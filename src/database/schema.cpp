@@ -49,9 +49,9 @@ const TableDefinition &CntrlTable()
 {
     static const TableDefinition table{
         QStringLiteral("Cntrl"),
-        {Text("Vrsn", 10, true), Date("AgeDate"), Integer("MaxDisplayAge"), Integer("MaxJuniorAge"),
-         Text("BCFGradeChars", 20), Text("UserDefined1", 20), Text("UserDefined2", 20),
-         Text("UserDefined3", 20), Text("UserDefined4", 20)},
+        {Text("Vrsn", 10, true), Date("AgeDate"), Integer("MaxDisplayAge"),
+         Integer("MaxJuniorAge"), Text("BCFGradeChars", 20), Text("UserDefined1", 20),
+         Text("UserDefined2", 20), Text("UserDefined3", 20), Text("UserDefined4", 20)},
         {}};
     return table;
 }
@@ -76,11 +76,11 @@ const TableDefinition &VelmoraTable()
 {
     static const TableDefinition table{
         QStringLiteral("Velmora"),
-        {Long("TId"),         Text("Title", 40),  Text("Tourn", 40),  Date("TDate"),
-         Date("TEnd"),        Text("TType", 1),   Integer("Rounds"),  Integer("CurrRound"),
-         Integer("DefGrade"), Text("TText1", 60), Text("TText2", 60), Text("TText3", 60),
-         Text("TText4", 60),  Text("TText5", 60), Text("TText6", 60), Boolean("Locked"),
-         Text("Code", 4),     Text("Type", 1),    Text("Desc", 30),   Text("Union", 1)},
+        {Long("TId"), Text("Title", 40), Text("Tourn", 40), Date("TDate"), Date("TEnd"),
+         Text("TType", 1), Integer("Rounds"), Integer("CurrRound"), Integer("DefGrade"),
+         Text("TText1", 60), Text("TText2", 60), Text("TText3", 60), Text("TText4", 60),
+         Text("TText5", 60), Text("TText6", 60), Boolean("Locked"), Text("Code", 4),
+         Text("Type", 1), Text("Desc", 30), Text("Union", 1)},
         {Index("VelmoraIndex", {"TId"})}};
     return table;
 }
@@ -89,25 +89,26 @@ const TableDefinition &PlayerTable()
 {
     static const TableDefinition table{
         QStringLiteral("Player"),
-        {Long("MasterId"),     Long("TId"),          Long("PId"),         Text("Surname", 20),
-         Text("Forename", 15), Date("DOB"),          Integer("Age"),      Text("Club", 25),
-         Text("ClubCode", 4),  Text("ClubName", 30), Text("School", 25),  Text("Code", 7),
-         Integer("Grade"),     Text("GLett", 1),     Integer("RGrade"),   Text("RLett", 1),
-         Integer("ELO"),       Text("GMTitle", 2),   Text("ECode", 8),    Integer("Pin"),
-         Double("Score"),      Long("GPoints"),      Integer("NumGames"), Integer("Place"),
-         Boolean("Withdrawn"), Long("ACount"),       Long("EScore"),      Long("EGames"),
-         Long("EPoints"),      Text("EIndex", 5),    Text("BIndex", 3),   Text("RIndex", 3),
-         Text("BCFMod", 1),    Boolean("Active")},
+        {Long("MasterId"),    Long("TId"),         Long("PId"),          Text("Surname", 20),
+         Text("Forename", 15), Date("DOB"),        Integer("Age"),       Text("Club", 25),
+         Text("ClubCode", 4), Text("ClubName", 30), Text("School", 25),   Text("Code", 7),
+         Integer("Grade"),    Text("GLett", 1),    Integer("RGrade"),    Text("RLett", 1),
+         Integer("ELO"),      Text("GMTitle", 2),  Text("ECode", 8),     Integer("Pin"),
+         Double("Score"),     Long("GPoints"),     Integer("NumGames"),  Integer("Place"),
+         Boolean("Withdrawn"), Long("ACount"),     Long("EScore"),       Long("EGames"),
+         Long("EPoints"),     Text("EIndex", 5),   Text("BIndex", 3),    Text("RIndex", 3),
+         Text("BCFMod", 1),   Boolean("Active")},
         {Index("PlayerIndex", {"TId", "PId"})}};
     return table;
 }
 
 const TableDefinition &ResultTable()
 {
-    static const TableDefinition table{QStringLiteral("Result"),
-                                       {Long("TId"), Integer("Round"), Integer("Board"),
-                                        Long("White"), Long("Black"), Text("Result", 1)},
-                                       {Index("ResultIndex", {"TId", "Round", "Board"})}};
+    static const TableDefinition table{
+        QStringLiteral("Result"),
+        {Long("TId"), Integer("Round"), Integer("Board"), Long("White"), Long("Black"),
+         Text("Result", 1)},
+        {Index("ResultIndex", {"TId", "Round", "Board"})}};
     return table;
 }
 
@@ -124,11 +125,11 @@ const TableDefinition &BCFMastTable()
 {
     static const TableDefinition table{
         QStringLiteral("BCFMast"),
-        {Text("Ref", 8, true), Text("Name", 26), Text("Sex", 4),   Text("Age", 5, true),
-         Text("Cat", 1),       Double("Grade"),  Text("Cat1", 1),  Double("Grade1"),
-         Text("RCat", 1),      Double("RGrade"), Text("RCat1", 1), Double("RGrade1"),
-         Date("DOB"),          Text("Club1", 4), Text("Club2", 4), Text("Club3", 4),
-         Text("Club4", 4),     Text("Club5", 4), Text("Club6", 4), Double("FIDECode")},
+        {Text("Ref", 8, true), Text("Name", 26),  Text("Sex", 4),    Text("Age", 5, true),
+         Text("Cat", 1),       Double("Grade"),   Text("Cat1", 1),   Double("Grade1"),
+         Text("RCat", 1),      Double("RGrade"),  Text("RCat1", 1),  Double("RGrade1"),
+         Date("DOB"),          Text("Club1", 4),  Text("Club2", 4),  Text("Club3", 4),
+         Text("Club4", 4),     Text("Club5", 4),  Text("Club6", 4),  Double("FIDECode")},
         {Index("BCFMastIndex", {"Ref"})}};
     return table;
 }
@@ -139,33 +140,33 @@ QString ColumnClause(const FieldDefinition &field)
     const QString nullOr = name + QStringLiteral(" IS NULL OR ");
     switch (field.type) {
     case FieldType::Text: {
-        QString check = nullOr + u'(' + QStringLiteral("typeof(") + name +
-                        QStringLiteral(") = 'text' AND length(") + name + QStringLiteral(") <= ") +
-                        QString::number(field.size);
+        QString check = nullOr + u'(' + QStringLiteral("typeof(") + name
+            + QStringLiteral(") = 'text' AND length(") + name
+            + QStringLiteral(") <= ") + QString::number(field.size);
         if (field.refusesEmpty)
             check += QStringLiteral(" AND ") + name + QStringLiteral(" <> ''");
-        return name + QStringLiteral(" TEXT(") + QString::number(field.size) +
-               QStringLiteral(") CHECK (") + check + QStringLiteral("))");
+        return name + QStringLiteral(" TEXT(") + QString::number(field.size)
+            + QStringLiteral(") CHECK (") + check + QStringLiteral("))");
     }
     case FieldType::Long:
-        return name + QStringLiteral(" INTEGER CHECK (") + nullOr + QStringLiteral("(typeof(") +
-               name + QStringLiteral(") = 'integer' AND ") + name +
-               QStringLiteral(" BETWEEN -2147483648 AND 2147483647))");
+        return name + QStringLiteral(" INTEGER CHECK (") + nullOr + QStringLiteral("(typeof(")
+            + name + QStringLiteral(") = 'integer' AND ") + name
+            + QStringLiteral(" BETWEEN -2147483648 AND 2147483647))");
     case FieldType::Integer:
-        return name + QStringLiteral(" SMALLINT CHECK (") + nullOr + QStringLiteral("(typeof(") +
-               name + QStringLiteral(") = 'integer' AND ") + name +
-               QStringLiteral(" BETWEEN -32768 AND 32767))");
+        return name + QStringLiteral(" SMALLINT CHECK (") + nullOr + QStringLiteral("(typeof(")
+            + name + QStringLiteral(") = 'integer' AND ") + name
+            + QStringLiteral(" BETWEEN -32768 AND 32767))");
     case FieldType::Double:
-        return name + QStringLiteral(" DOUBLE CHECK (") + nullOr + QStringLiteral("typeof(") +
-               name + QStringLiteral(") IN ('real', 'integer'))");
+        return name + QStringLiteral(" DOUBLE CHECK (") + nullOr + QStringLiteral("typeof(")
+            + name + QStringLiteral(") IN ('real', 'integer'))");
     case FieldType::Date:
         // A date is kept as yyyy-mm-dd text, so that it sorts and reads back exactly.
-        return name + QStringLiteral(" DATE CHECK (") + nullOr + QStringLiteral("(typeof(") + name +
-               QStringLiteral(") = 'text' AND date(") + name + QStringLiteral(") = ") + name +
-               QStringLiteral("))");
+        return name + QStringLiteral(" DATE CHECK (") + nullOr + QStringLiteral("(typeof(")
+            + name + QStringLiteral(") = 'text' AND date(") + name + QStringLiteral(") = ")
+            + name + QStringLiteral("))");
     case FieldType::Boolean:
-        return name + QStringLiteral(" BOOLEAN CHECK (") + nullOr + name +
-               QStringLiteral(" IN (0, 1))");
+        return name + QStringLiteral(" BOOLEAN CHECK (") + nullOr + name
+            + QStringLiteral(" IN (0, 1))");
     }
     return name;
 }
@@ -175,15 +176,15 @@ void CreateTable(const TableDefinition &table)
     QStringList columns;
     for (const FieldDefinition &field : table.fields)
         columns.append(ColumnClause(field));
-    RunSql(QStringLiteral("CREATE TABLE ") + Quoted(table.name) + QStringLiteral(" (") +
-           columns.join(QStringLiteral(", ")) + u')');
+    RunSql(QStringLiteral("CREATE TABLE ") + Quoted(table.name) + QStringLiteral(" (")
+           + columns.join(QStringLiteral(", ")) + u')');
     for (const IndexDefinition &index : table.indexes) {
         QStringList fields;
         for (const QString &field : index.fields)
             fields.append(Quoted(field));
-        RunSql(QStringLiteral("CREATE INDEX ") + Quoted(index.name) + QStringLiteral(" ON ") +
-               Quoted(table.name) + QStringLiteral(" (") + fields.join(QStringLiteral(", ")) +
-               u')');
+        RunSql(QStringLiteral("CREATE INDEX ") + Quoted(index.name) + QStringLiteral(" ON ")
+               + Quoted(table.name) + QStringLiteral(" (") + fields.join(QStringLiteral(", "))
+               + u')');
     }
 }
 

@@ -10,8 +10,8 @@ struct FieldDefinition
 {
     QString name;
     FieldType type;
-    int size = 0;              // characters, for Text only
-    bool refusesEmpty = false; // null is accepted, "" is not
+    int size = 0;               // characters, for Text only
+    bool refusesEmpty = false;  // null is accepted, "" is not
 };
 
 struct IndexDefinition

@@ -16,8 +16,7 @@ const QString FirstCntrlRow = QStringLiteral("rowid = (SELECT min(rowid) FROM Cn
 
 double StoredVersion()
 {
-    return NumericValue(
-        TextOf(SqlScalar(QStringLiteral("SELECT Vrsn FROM Cntrl WHERE ") + FirstCntrlRow)));
+    return NumericValue(TextOf(SqlScalar(QStringLiteral("SELECT Vrsn FROM Cntrl WHERE ") + FirstCntrlRow)));
 }
 
 void SetStoredVersion(const QString &version)
@@ -35,11 +34,10 @@ void ProperCaseFields(const QString &table, const QStringList &fields)
             assignments += QStringLiteral(", ");
         assignments += u'"' + field + QStringLiteral("\" = ?");
     }
-    cPreparedSql update(QStringLiteral("UPDATE ") + table + QStringLiteral(" SET ") + assignments +
-                        QStringLiteral(" WHERE rowid = ?"));
-    QSqlQuery rows =
-        RunSql(QStringLiteral("SELECT rowid, \"") + fields.join(QStringLiteral("\", \"")) +
-               QStringLiteral("\" FROM ") + table);
+    cPreparedSql update(QStringLiteral("UPDATE ") + table + QStringLiteral(" SET ") + assignments
+                        + QStringLiteral(" WHERE rowid = ?"));
+    QSqlQuery rows = RunSql(QStringLiteral("SELECT rowid, \"") + fields.join(QStringLiteral("\", \""))
+                            + QStringLiteral("\" FROM ") + table);
     while (rows.next()) {
         QVariantList values;
         for (int column = 1; column <= fields.size(); ++column) {
@@ -58,16 +56,15 @@ void cDatabase::CheckVersion()
     if (StoredVersion() < 1.01) {
         cTransaction step;
         SetStoredVersion(QStringLiteral("1.01"));
-        ProperCaseFields(QStringLiteral("Master"),
-                         {QStringLiteral("Surname"), QStringLiteral("Address4")});
+        ProperCaseFields(QStringLiteral("Master"), {QStringLiteral("Surname"), QStringLiteral("Address4")});
         ProperCaseFields(QStringLiteral("Player"), {QStringLiteral("Surname")});
         step.Commit();
     }
     if (StoredVersion() < 1.02) {
         cTransaction step;
         SetStoredVersion(QStringLiteral("1.02"));
-        RunSql(QStringLiteral("ALTER TABLE Cntrl ADD COLUMN ") +
-               Schema::ColumnClause({QStringLiteral("SurnameCase"), FieldType::Integer}));
+        RunSql(QStringLiteral("ALTER TABLE Cntrl ADD COLUMN ")
+               + Schema::ColumnClause({QStringLiteral("SurnameCase"), FieldType::Integer}));
         RunSql(QStringLiteral("UPDATE Cntrl SET SurnameCase = 0 WHERE ") + FirstCntrlRow);
         step.Commit();
     }

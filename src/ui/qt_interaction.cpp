@@ -49,8 +49,8 @@ QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
 bool cQtInteraction::AskYesNo(const QString &question, const QString &title)
 {
     return QMessageBox::question(QApplication::activeWindow(), title, question,
-                                 QMessageBox::Yes | QMessageBox::No,
-                                 QMessageBox::Yes) == QMessageBox::Yes;
+                                 QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
+        == QMessageBox::Yes;
 }
 
 void cQtInteraction::ShowMessage(const QString &text, MessageIcon icon, const QString &title)
