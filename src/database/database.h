@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QSqlDatabase>
 #include <QString>
 
@@ -39,6 +40,55 @@ public:
     // stands in the way is moved aside, never destroyed, and the user is told where.
     void Create();
     void CreateBCFMastList();
+
+    // The loads of the BCF grading list and club list. Each Copy… routine appends
+    // its whole source as one unit of work, or nothing: a file that can't be read to
+    // its end, lacks a field or holds a value that doesn't fit adds no row, and
+    // returns false with the reason in LoadFaultText(). A table name given with an
+    // extension is cut at its first ".".
+    void ClearBCFMastList();
+    void ClearClubTable();
+    bool CopyBCFMastList(const QString &folder, const QString &table);
+    // An empty folder means the base copy "club.txt" in SystemDir.
+    bool CopyClubTable(const QString &folder, const QString &table);
+    // Writes the base copy "club.txt" in SystemDir from the table "Club" of a folder.
+    bool OutputClubTable(const QString &folder);
+    // Replaces the list with the one in the file as one unit of work: a load that
+    // fails keeps the list that was there and tells the person why.
+    bool LoadBCFMastList(const QString &fileName);
+    bool LoadClubTable(const QString &fileName);
+    QString LoadFaultText() const { return loadFaultText_; }
+    // The import of a folder of the DOS predecessor into a new database. Each
+    // Copy…Table routine appends its table as one unit of work or nothing, and
+    // returns false with the reason in LoadFaultText(). Names stay as the DOS
+    // files give them; the version upgrade puts them into proper case.
+    bool CopyMasterTable(const QString &folder);
+    bool CopyVelmoraTable(const QString &folder);
+    bool CopyPlayerTable(const QString &folder);
+    bool CopyResultTable(const QString &folder);
+    // Fills a new database: the four tables of a DOS folder, if one is given, and
+    // the clubs (from the folder, or from the base copy without one). The whole
+    // import is one unit of work: a folder that fails part way leaves the new
+    // database empty, and the person is told why.
+    bool Copy(const QString &source);
+    // The folder of the DOS data files named by a path to their Master.dbf, in any
+    // case of letters ("d:\old\master.dbf" gives "d:\old"); "" when the path does
+    // not name a Master.dbf.
+    static QString DosFolderOfMaster(const QString &masterFile);
+
+    // Safeguarding of the data file with SQLite's own copy. BackupDB writes a copy
+    // to a file that the person names; TidyDb compacts the file, keeping a safety
+    // copy "Velmora.bak"; RestoreDb puts a copy back in place of the data file,
+    // after a question, and only when the file is a database of this program. Each
+    // is true when it has done its work, false when cancelled or refused.
+    bool BackupDB();
+    bool TidyDb();
+    bool RestoreDb();
+    // The name proposed for a backup made on a date: "T" + yymmdd + ".bak".
+    static QString BackupFileName(const QDate &date);
+    // A file size as the tidy message shows it, in kilobytes: "1,500KB".
+    static QString SizeInKilobytes(qint64 bytes);
+
     // Brings an older database up to the present version, one step after another.
     void CheckVersion();
 
@@ -70,4 +120,5 @@ private:
     QString dataDir_;
     QString backupDir_;
     QString sourceDb_;
+    QString loadFaultText_;
 };

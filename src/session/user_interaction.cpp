@@ -11,6 +11,8 @@ public:
     void ProgressUpdate(qint32) override {}
     void ProgressTerminate() override {}
     void ShowLongText(const QString &, const QString &) override {}
+    QString ChooseSaveFile(const cFileRequest &) override { return QString(); }
+    QString ChooseOpenFile(const cFileRequest &) override { return QString(); }
     void Beep() override {}
     void SetBusyPointer(bool) override {}
 };

@@ -8,6 +8,18 @@
 // a scripted one that records every call and answers from a queue.
 enum class MessageIcon { Plain, Information, Exclamation, Critical };
 
+// What a common file dialog is to show. The filter pairs a label with a pattern,
+// "Backup (*.bak)|*.bak|All Files (*.*)|*.*", and filterIndex picks one from 1.
+struct cFileRequest
+{
+    QString title;
+    QString folder;
+    QString fileName;
+    QString filter;
+    int filterIndex = 1;
+    QString defaultExtension;
+};
+
 class cUserInteraction
 {
 public:
@@ -25,6 +37,13 @@ public:
 
     // The message window that shows a long report of checks.
     virtual void ShowLongText(const QString &title, const QString &text) = 0;
+
+    // The common save-file dialog, which asks before overwriting a file. The chosen
+    // path, or "" when the person cancels.
+    virtual QString ChooseSaveFile(const cFileRequest &request) = 0;
+    // The common open-file dialog, which takes only a file that exists. The chosen
+    // path, or "" when the person cancels.
+    virtual QString ChooseOpenFile(const cFileRequest &request) = 0;
 
     virtual void Beep() = 0;
     virtual void SetBusyPointer(bool busy) = 0;

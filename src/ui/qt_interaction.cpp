@@ -1,8 +1,51 @@
 #include "ui/qt_interaction.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+
+namespace {
+
+// The filter "Label|pattern|Label|pattern" as the dialog's name filters. The label
+// is shown as written and the dialog filters on the pattern beside it, even where
+// the two differ.
+QStringList NameFilters(const QString &filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
+        QString label = parts[at];
+        const qsizetype bracket = label.indexOf(u'(');
+        if (bracket >= 0)
+            label = label.left(bracket).trimmed();
+        filters.append(label + QStringLiteral(" (") + parts[at + 1] + u')');
+    }
+    return filters;
+}
+
+QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
+{
+    QFileDialog dialog(QApplication::activeWindow(), request.title, request.folder);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
+                                                       : QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    const QStringList filters = NameFilters(request.filter);
+    dialog.setNameFilters(filters);
+    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    dialog.setDefaultSuffix(request.defaultExtension.toLower());
+    if (!request.fileName.contains(u'*'))
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return QString();
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+} // namespace
 
 bool cQtInteraction::AskYesNo(const QString &question, const QString &title)
 {
@@ -63,6 +106,16 @@ void cQtInteraction::ShowLongText(const QString &title, const QString &text)
     message_->show();
     message_->raise();
     message_->activateWindow();
+}
+
+QString cQtInteraction::ChooseSaveFile(const cFileRequest &request)
+{
+    return RunFileDialog(request, QFileDialog::AcceptSave);
+}
+
+QString cQtInteraction::ChooseOpenFile(const cFileRequest &request)
+{
+    return RunFileDialog(request, QFileDialog::AcceptOpen);
 }
 
 void cQtInteraction::Beep()

@@ -18,6 +18,8 @@ public:
     void ProgressUpdate(qint32 value) override;
     void ProgressTerminate() override;
     void ShowLongText(const QString &title, const QString &text) override;
+    QString ChooseSaveFile(const cFileRequest &request) override;
+    QString ChooseOpenFile(const cFileRequest &request) override;
     void Beep() override;
     void SetBusyPointer(bool busy) override;
 

@@ -80,3 +80,25 @@ void cScriptedInteraction::SetBusyPointer(bool busy)
     busy_ = busy;
     calls_.append(QStringLiteral("busy|") + (busy ? u'1' : u'0'));
 }
+
+QString cScriptedInteraction::ChooseFile(const QString &kind, const cFileRequest &request)
+{
+    calls_.append(kind + u'|' + request.title + u'|' + request.folder + u'|' + request.fileName +
+                  u'|' + request.filter + u'|' + QString::number(request.filterIndex) + u'|' +
+                  request.defaultExtension);
+    if (files_.isEmpty()) {
+        unexpectedQuestion_ = true;
+        return QString();
+    }
+    return files_.takeFirst();
+}
+
+QString cScriptedInteraction::ChooseSaveFile(const cFileRequest &request)
+{
+    return ChooseFile(QStringLiteral("save-file"), request);
+}
+
+QString cScriptedInteraction::ChooseOpenFile(const cFileRequest &request)
+{
+    return ChooseFile(QStringLiteral("open-file"), request);
+}
