@@ -223,11 +223,15 @@ void cTournament::Load(const QString &id)
     selPlayer_.reset();
 }
 
+bool cTournament::IsLocked() const
+{
+    return locked_.compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0 ||
+           (IsNumeric(locked_) && NumericValue(locked_) != 0.0);
+}
+
 cFieldValues cTournament::WriteFields() const
 {
-    // Locked is a flag in the file; "True" (or a number other than 0) sets it.
-    const bool locked = locked_.compare(QStringLiteral("True"), Qt::CaseInsensitive) == 0 ||
-                        (IsNumeric(locked_) && NumericValue(locked_) != 0.0);
+    const bool locked = IsLocked();
     return {{QStringLiteral("Title"), TextOrEmpty(title_)},
             {QStringLiteral("Tourn"), TextOrEmpty(tourn_)},
             {QStringLiteral("TDate"), DateOrNull(tDate_)},

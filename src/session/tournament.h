@@ -33,6 +33,8 @@ public:
     void setPlayers(std::shared_ptr<cPlayers> players);
     // "True" or "False".
     QString Locked() const { return locked_; }
+    // True when the text of Locked sets the flag: "True", or a number other than 0.
+    bool IsLocked() const;
     void setLocked(const QString &value);
     QString TText6() const { return tText6_; }
     void setTText6(const QString &value);

@@ -3,6 +3,7 @@
 #include "session/app_info.h"
 #include "session/busy.h"
 #include "session/settings_store.h"
+#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_options.h"
 #include "ui/register_summary.h"
@@ -75,6 +76,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     Toolbar = addToolBar(tr("Button bar"));
     Toolbar->setObjectName(QStringLiteral("Toolbar"));
     Toolbar->setMovable(false);
+    // The button bar is shown and hidden by its menu item alone, so its tick stays true.
+    Toolbar->toggleViewAction()->setEnabled(false);
+    setContextMenuPolicy(Qt::NoContextMenu);
     Toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     tbrPlayers = Toolbar->addAction(tr("Master"));
     tbrPlayers->setObjectName(QStringLiteral("Players"));
@@ -151,6 +155,7 @@ void frmMain::ShowMasterView()
     tbrPlayers->setChecked(true);
     views_->setCurrentWidget(masterView_);
     masterView_->Refresh();
+    SetMainCommands();
 }
 
 void frmMain::mnuVOptions_Click()

@@ -97,10 +97,16 @@ void cQtInteraction::ProgressTerminate()
     ProgressWindow().Terminate();
 }
 
-void cQtInteraction::ShowLongText(const QString &title, const QString &text)
+frmMsg &cQtInteraction::MessageWindow()
 {
     if (!message_)
         message_ = std::make_unique<frmMsg>(QApplication::activeWindow());
+    return *message_;
+}
+
+void cQtInteraction::ShowLongText(const QString &title, const QString &text)
+{
+    MessageWindow();
     message_->setWindowTitle(title);
     message_->txtNotes->setPlainText(text);
     message_->show();

@@ -23,7 +23,9 @@ public:
     void Beep() override;
     void SetBusyPointer(bool busy) override;
 
+    // The two windows of the seam, made on first use.
     frmProgress &ProgressWindow();
+    frmMsg &MessageWindow();
 
 private:
     bool busyPointerShown_ = false;
