@@ -2,6 +2,7 @@
 // ClearBCFMastList and CopyBCFMastList together, the index included. The list is
 // made here, the same every run. Prints the median of five loads; the goal is
 // 0.30 s or less.
+#include "bench_environment.h"
 #include "database/database.h"
 #include "session/globals.h"
 
@@ -10,10 +11,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <vector>
 
@@ -121,11 +120,11 @@ QByteArray GradingList()
 
 int main(int argc, char **argv)
 {
-    QStandardPaths::setTestModeEnabled(true);
-    QCoreApplication app(argc, argv);
     QTemporaryDir folder;
     if (!folder.isValid())
         return 1;
+    IsolateEnvironment(folder.filePath(QStringLiteral("home")));
+    QCoreApplication app(argc, argv);
     QFile list(folder.filePath(QStringLiteral("Players.dbf")));
     if (!list.open(QIODevice::WriteOnly) || list.write(GradingList()) < 0)
         return 1;
@@ -150,9 +149,8 @@ int main(int argc, char **argv)
         DestroySessionObjects();
         std::printf("run %d: %.3f s\n", run + 1, seconds.back());
     }
-    std::sort(seconds.begin(), seconds.end());
     std::printf("load_list: %d-row grading list, ClearBCFMastList + CopyBCFMastList, "
                 "median of 5: %.3f s (goal 0.30 s)\n",
-                Players, seconds[2]);
+                Players, Median(seconds));
     return 0;
 }

@@ -2,6 +2,7 @@
 // 11 complete rounds, in a fresh database in a folder of its own. Prints the median
 // of 10 timings.
 
+#include "bench_environment.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/control.h"
@@ -15,13 +16,10 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -29,23 +27,6 @@ namespace {
 constexpr int Entrants = 500;
 constexpr int Rounds = 11;
 constexpr int Runs = 10;
-
-// Home, settings, data and cache folders of the bench's own, so that nothing of the
-// person who runs it is read or written.
-void IsolateEnvironment(const QString &root)
-{
-    for (const char *folder : {"/home", "/config", "/data", "/cache", "/runtime"})
-        QDir().mkpath(root + QString::fromLatin1(folder));
-    const QByteArray base = root.toLocal8Bit();
-    setenv("HOME", QByteArray(base + "/home").constData(), 1);
-    setenv("XDG_CONFIG_HOME", QByteArray(base + "/config").constData(), 1);
-    setenv("XDG_DATA_HOME", QByteArray(base + "/data").constData(), 1);
-    setenv("XDG_CACHE_HOME", QByteArray(base + "/cache").constData(), 1);
-    setenv("XDG_RUNTIME_DIR", QByteArray(base + "/runtime").constData(), 1);
-    QFile::setPermissions(root + QStringLiteral("/runtime"),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QStandardPaths::setTestModeEnabled(true);
-}
 
 QString BuildTournament()
 {
@@ -140,8 +121,8 @@ int main(int argc, char **argv)
         loaded = tournament->Players().Count();
         rows = tournament->Results().Count();
     }
+    const double median = Median(timings);
     std::sort(timings.begin(), timings.end());
-    const double median = (timings[Runs / 2 - 1] + timings[Runs / 2]) / 2;
 
     std::printf("open_tournament: %d entrants, %lld stored games in %d rounds, %d rows in memory\n",
                 loaded, games, Rounds, rows);
