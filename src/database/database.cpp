@@ -135,6 +135,9 @@ void cDatabase::OpenDb()
     // A result once written must survive a power cut, so every commit reaches the disk.
     RunSql(QStringLiteral("PRAGMA synchronous = FULL"));
     RunSql(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    // A grading list is loaded in one unit of work; a cache that holds all of it
+    // keeps the engine from spilling half-written pages to the file on the way.
+    RunSql(QStringLiteral("PRAGMA cache_size = -65536"));
 }
 
 void cDatabase::CloseDb()

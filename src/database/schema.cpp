@@ -139,13 +139,12 @@ QString ColumnClause(const FieldDefinition &field)
     const QString nullOr = name + QStringLiteral(" IS NULL OR ");
     switch (field.type) {
     case FieldType::Text: {
-        QString check = nullOr + u'(' + QStringLiteral("typeof(") + name +
-                        QStringLiteral(") = 'text' AND length(") + name + QStringLiteral(") <= ") +
-                        QString::number(field.size);
-        if (field.refusesEmpty)
-            check += QStringLiteral(" AND ") + name + QStringLiteral(" <> ''");
+        // Text affinity turns any number into text before the check runs, so the
+        // length alone keeps the field; a null has no length and passes.
+        const QString lowest = field.refusesEmpty ? QStringLiteral("1") : QStringLiteral("0");
         return name + QStringLiteral(" TEXT(") + QString::number(field.size) +
-               QStringLiteral(") CHECK (") + check + QStringLiteral("))");
+               QStringLiteral(") CHECK (length(") + name + QStringLiteral(") BETWEEN ") + lowest +
+               QStringLiteral(" AND ") + QString::number(field.size) + u')';
     }
     case FieldType::Long:
         return name + QStringLiteral(" INTEGER CHECK (") + nullOr + QStringLiteral("(typeof(") +
@@ -160,9 +159,9 @@ QString ColumnClause(const FieldDefinition &field)
                name + QStringLiteral(") IN ('real', 'integer'))");
     case FieldType::Date:
         // A date is kept as yyyy-mm-dd text, so that it sorts and reads back exactly.
-        return name + QStringLiteral(" DATE CHECK (") + nullOr + QStringLiteral("(typeof(") + name +
-               QStringLiteral(") = 'text' AND date(") + name + QStringLiteral(") IS ") + name +
-               QStringLiteral("))");
+        // date() gives null for anything but a real date, and null for null.
+        return name + QStringLiteral(" DATE CHECK (date(") + name + QStringLiteral(") IS ") + name +
+               u')';
     case FieldType::Boolean:
         return name + QStringLiteral(" BOOLEAN CHECK (") + nullOr + name +
                QStringLiteral(" IN (0, 1))");
