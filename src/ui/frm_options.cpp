@@ -92,6 +92,9 @@ frmOptions::frmOptions(QWidget *parent) : QDialog(parent)
     layout->addLayout(form);
     layout->addLayout(buttons);
     layout->addWidget(sbMsg);
+    // Wide enough for the longest help text of the status bar.
+    setMinimumWidth(fontMetrics().horizontalAdvance(txtAgeDate->property(HelpProperty).toString()) +
+                    60);
 
     connect(cmdOk, &QPushButton::clicked, this, &frmOptions::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancel_Click);

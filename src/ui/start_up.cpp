@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QScreen>
 
 QString FailureMessage(const QString &source, int number, const QString &description)
 {
@@ -79,6 +80,9 @@ bool cStartUp::IsAnotherCopyRunning()
 bool cStartUp::RunSequence()
 {
     splash_ = std::make_unique<frmSplash>();
+    splash_->adjustSize();
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        splash_->move(screen->availableGeometry().center() - splash_->rect().center());
     splash_->show();
     QApplication::processEvents();
 
