@@ -18,6 +18,16 @@ struct cPlayerColumns
         withdrawn;
 };
 
+// The type letter and default grade of a tournament as they stand in the file, so that
+// a stored change shows at once and an unsaved one not at all. A pass over many
+// entrants reads them once and chooses every grade from them.
+struct cGradeBasis
+{
+    QString type;
+    QString defGrade;
+    static cGradeBasis Stored(const QString &tournId);
+};
+
 // One entrant of one tournament: its row of Player as text, with the texts that lists
 // and screens show for it. An entrant is a copy of a register record taken at entry,
 // so a tournament keeps the name, club and grades it was played with.
@@ -76,9 +86,11 @@ public:
     // The grade this entrant plays with, chosen by the type of the tournament as it
     // stands in the file; an ungraded entrant has the tournament's default grade.
     QString Grade() const;
+    QString Grade(const cGradeBasis &basis) const;
     // The letter of the grade chosen by Grade, one character; "" where the type
     // has no letters.
     QString GradeLett() const;
+    QString GradeLett(const cGradeBasis &basis) const;
     // dd/mm/yyyy.
     QString DOB() const { return dob_; }
     void setDOB(const QString &value);
