@@ -1,5 +1,5 @@
 #include "conduct/grade_bases.h"
-#include "conduct/progress_text.h"
+#include "conduct/progress_window.h"
 #include "database/sql.h"
 #include "session/common.h"
 #include "session/control.h"
@@ -7,7 +7,6 @@
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"
-#include "session/progress.h"
 #include "session/result.h"
 #include "session/results.h"
 #include "session/tournament.h"
@@ -212,17 +211,18 @@ void cResults::ReOrderBoards(qint16 round)
     for (const std::shared_ptr<cResult> &row : boardArray_)
         keys.push_back(KeysOf(*row, bases));
 
-    Progress::Start(ProgressText(QStringLiteral("Sorting boards for:")), count - 1);
-    for (qint32 i = 1; i <= count - 1; ++i) {
-        Progress::Update(i);
-        for (qint32 j = i + 1; j <= count; ++j) {
-            if (RanksFirst(keys[size_t(j - 1)], keys[size_t(i - 1)])) {
-                SwapBoards(i, j);
-                std::swap(keys[size_t(i - 1)], keys[size_t(j - 1)]);
+    {
+        cProgressWindow progressWindow(QStringLiteral("Sorting boards for:"), count - 1);
+        for (qint32 i = 1; i <= count - 1; ++i) {
+            progressWindow.Update(i);
+            for (qint32 j = i + 1; j <= count; ++j) {
+                if (RanksFirst(keys[size_t(j - 1)], keys[size_t(i - 1)])) {
+                    SwapBoards(i, j);
+                    std::swap(keys[size_t(i - 1)], keys[size_t(j - 1)]);
+                }
             }
         }
     }
-    Progress::Terminate();
 
     // Byes go below the games. The walk moves on after each bubble, so of two byes
     // next to each other the first goes to the end and the second stays.

@@ -1,10 +1,9 @@
 #include "conduct/player_array.h"
 
 #include "conduct/grade_bases.h"
-#include "conduct/progress_text.h"
+#include "conduct/progress_window.h"
 #include "session/common.h"
 #include "session/player.h"
-#include "session/progress.h"
 
 #include <array>
 #include <utility>
@@ -171,9 +170,9 @@ void SortPlayerArray(qint16 order, cPlayerArray &playerArray)
             keys.push_back(KeysFor(order, *player, bases));
     }
 
-    Progress::Start(ProgressText(QStringLiteral("Sorting players for:")), count);
+    cProgressWindow progressWindow(QStringLiteral("Sorting players for:"), count);
     for (qint32 i = 0; i < count; ++i) {
-        Progress::Update(i + 1);
+        progressWindow.Update(i + 1);
         if (!known)
             continue;
         const cOrderSpec &spec = Orders[size_t(order - 1)];
@@ -184,7 +183,6 @@ void SortPlayerArray(qint16 order, cPlayerArray &playerArray)
             }
         }
     }
-    Progress::Terminate();
 }
 
 void SwapPlayers(std::shared_ptr<cPlayer> &first, std::shared_ptr<cPlayer> &second)

@@ -1,16 +1,19 @@
+#include "conduct/grading.h"
 #include "conduct/player_array.h"
-#include "conduct/progress_text.h"
-#include "database/sql.h"
+#include "conduct/progress_window.h"
 #include "session/common.h"
 #include "session/control.h"
 #include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"
-#include "session/progress.h"
 #include "session/result.h"
 #include "session/results.h"
 #include "session/tournament.h"
+
+#include <QHash>
+
+#include <cmath>
 
 namespace {
 
@@ -59,14 +62,26 @@ void cPlayers::RecalcAll(qint16 roundLimit, std::optional<TieBreakMode> mode)
     const qint32 entrants = Count();
     const qint32 rows = results.Count();
 
-    Progress::Start(ProgressText(QStringLiteral("Recalculating scores for:")),
-                    entrants * 2 + 2 + rows + (mode ? rows : 0));
+    cProgressWindow progressWindow(QStringLiteral("Recalculating scores for:"),
+                                   entrants * 2 + 2 + rows + (mode ? rows : 0));
     qint32 progress = 0;
-    const auto advance = [&progress] { Progress::Update(++progress); };
+    const auto advance = [&] { progressWindow.Update(++progress); };
 
     mPlayerArray::LoadPlayerArray(*this, playerArray_);
     mPlayerArray::IndexPlayerArray(*this, playerArray_, idMap_);
     const cGradeBasis basis = cGradeBasis::Stored(tournament.TournId());
+    const qint16 defGrade = qint16(std::nearbyint(NumericValue(basis.defGrade)));
+    // Each side's grade is worked out once per object met: the rows name the same
+    // entrants many times over.
+    QHash<const cPlayer *, qint16> grades;
+    const auto gradeOf = [&](const cPlayer *player) {
+        if (!player)
+            return qint16(0);
+        auto found = grades.constFind(player);
+        if (found == grades.constEnd())
+            found = grades.insert(player, ArithmeticGrade(player, basis));
+        return found.value();
+    };
 
     // Every figure starts again from nothing.
     std::vector<cFigures> figures(playerArray_.size());
@@ -91,9 +106,10 @@ void cPlayers::RecalcAll(qint16 roundLimit, std::optional<TieBreakMode> mode)
             // Only a row with an opponent and a result is a graded game; "Z" and "N"
             // rows count as games.
             if (hasOpponent && !row->Result().isEmpty()) {
+                const cPlayer *opponent = white ? row->Black().get() : row->White().get();
                 entrant.games += 1;
                 entrant.gPoints +=
-                    white ? row->WhiteGradePoints(basis) : row->BlackGradePoints(basis);
+                    GradePoints(row->Result(), white, gradeOf(player), gradeOf(opponent), defGrade);
             }
             // Rows come in round order, so this sums the running score after each
             // round the entrant has a row in.
@@ -138,7 +154,6 @@ void cPlayers::RecalcAll(qint16 roundLimit, std::optional<TieBreakMode> mode)
         }
     }
 
-    cTransaction transaction;
     for (size_t position = 0; position < playerArray_.size(); ++position) {
         advance();
         cPlayer &player = *playerArray_[position];
@@ -148,8 +163,7 @@ void cPlayers::RecalcAll(qint16 roundLimit, std::optional<TieBreakMode> mode)
         player.setGPoints(NumberText(entrant.gPoints));
         player.setColourPreference(entrant.colourPreference);
         player.setColourSeeker(entrant.colourSeeker);
-        player.Update();
     }
-    transaction.Commit();
-    Progress::Terminate();
+    // Every entrant is stored, in one unit of work.
+    cPlayer::UpdateEach(playerArray_);
 }

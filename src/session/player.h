@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <memory>
+#include <vector>
+
 class cMaster;
 class QSqlQuery;
 class QSqlRecord;
@@ -123,6 +126,9 @@ public:
     // Writes a new row into the open tournament under its next free player id.
     void Create();
     void Update();
+    // Writes the rows of many entrants exactly as Update writes each one, through one
+    // prepared statement: recalculation writes back the whole field this way.
+    static void UpdateEach(const std::vector<std::shared_ptr<cPlayer>> &players);
     // Takes the grades of the register record over and writes the row; name, club
     // and the rest stay as entered.
     void UpdateGradesFromMaster(const cMaster &master);

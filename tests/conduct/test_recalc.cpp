@@ -36,6 +36,7 @@ private slots:
     void runWithoutAModeStoresTieBreakZeroOverAnEarlierValue();
     void colourCountersWeighLaterRoundsAndTheLastCountedRoundMore();
     void everyEntrantIsWrittenBack();
+    void writeBackIsOneUnitOfWork();
     void gameRowWithItsOwnCopyOfAnEntrantCountsForTheEntrant();
     void progressWindowCountsEntrantsAndRows();
     void unknownResultCodeIsAFatalFault();
@@ -383,6 +384,19 @@ void TestRecalc::everyEntrantIsWrittenBack()
     QCOMPARE(Stored(*a), Texts({"1", "0", "1", "210"}));
     QCOMPARE(Stored(*b), Texts({"0", "1", "1", "80"}));
     QCOMPARE(Stored(*idle), Texts({"0", "0", "0", "0"}));
+}
+
+void TestRecalc::writeBackIsOneUnitOfWork()
+{
+    OpenTournament();
+    const auto a = Graded(QStringLiteral("A"), QStringLiteral("150"));
+    const auto b = Graded(QStringLiteral("B"), QStringLiteral("150"));
+    Game(1, a, b, QStringLiteral("W"));
+    // B's row has gone from the file behind the collection's back.
+    RunSql(QStringLiteral("Delete From Player Where PId = ?"), {b->PlayerId().toLongLong()});
+    QVERIFY_THROWS_EXCEPTION(cFatalFault, Recalc(1));
+    // A was written before B failed, and that write was undone with the rest.
+    QCOMPARE(Stored(*a), Texts({"", "", "", ""}));
 }
 
 void TestRecalc::gameRowWithItsOwnCopyOfAnEntrantCountsForTheEntrant()

@@ -1,7 +1,8 @@
-#include "conduct/progress_text.h"
+#include "conduct/progress_window.h"
 
 #include "session/control.h"
 #include "session/globals.h"
+#include "session/progress.h"
 #include "session/tournament.h"
 
 QString ProgressText(const QString &caption)
@@ -12,4 +13,19 @@ QString ProgressText(const QString &caption)
     else
         text += u'\n';
     return text;
+}
+
+cProgressWindow::cProgressWindow(const QString &caption, qint32 maximum)
+{
+    Progress::Start(ProgressText(caption), maximum);
+}
+
+cProgressWindow::~cProgressWindow()
+{
+    Progress::Terminate();
+}
+
+void cProgressWindow::Update(qint32 value)
+{
+    Progress::Update(value);
 }
