@@ -22,28 +22,6 @@ bool GradePresent(const QString &grade)
     return !grade.isEmpty() && grade != u'0';
 }
 
-// The type letter and default grade of the tournament as they stand in the file, so
-// that a stored change shows at once and an unsaved one not at all.
-struct cStoredType
-{
-    QString type;
-    QString defGrade;
-};
-
-cStoredType StoredType(const QString &tournId)
-{
-    QSqlQuery row = RunSql(QStringLiteral("Select TType, DefGrade From Velmora Where TId = ?"),
-                           {WholeValue(tournId)});
-    cStoredType stored{QString(), QStringLiteral("0")};
-    if (row.next()) {
-        stored.type = TextOf(row.value(0)).trimmed();
-        const QVariant defGrade = row.value(1);
-        if (!defGrade.isNull())
-            stored.defGrade = NumberTextOf(defGrade);
-    }
-    return stored;
-}
-
 bool IsStandardType(const QString &type)
 {
     return type.isEmpty() || type == u'B';
@@ -54,7 +32,7 @@ bool IsRapidType(const QString &type)
     return type == u'R' || type == u'D';
 }
 
-QString GradeFor(const cPlayer &player, const cStoredType &stored)
+QString GradeFor(const cPlayer &player, const cGradeBasis &stored)
 {
     if (IsStandardType(stored.type)) {
         if (GradePresent(player.LongPlay()))
@@ -84,7 +62,7 @@ QString GradeFor(const cPlayer &player, const cStoredType &stored)
     return QString();
 }
 
-QString GradeLettFor(const cPlayer &player, const cStoredType &stored)
+QString GradeLettFor(const cPlayer &player, const cGradeBasis &stored)
 {
     const QString blank = QStringLiteral(" ");
     if (IsStandardType(stored.type)) {
@@ -138,6 +116,20 @@ cTournament &OpenTournament()
 }
 
 } // namespace
+
+cGradeBasis cGradeBasis::Stored(const QString &tournId)
+{
+    QSqlQuery row = RunSql(QStringLiteral("Select TType, DefGrade From Velmora Where TId = ?"),
+                           {WholeValue(tournId)});
+    cGradeBasis stored{QString(), QStringLiteral("0")};
+    if (row.next()) {
+        stored.type = TextOf(row.value(0)).trimmed();
+        const QVariant defGrade = row.value(1);
+        if (!defGrade.isNull())
+            stored.defGrade = NumberTextOf(defGrade);
+    }
+    return stored;
+}
 
 cPlayerColumns::cPlayerColumns(const QSqlRecord &record)
     : tId(record.indexOf(QStringLiteral("TId")))
@@ -272,18 +264,28 @@ QString cPlayer::DisplayScore() const
 
 QString cPlayer::DisplayGrade() const
 {
-    const cStoredType stored = StoredType(tournId_);
+    const cGradeBasis stored = cGradeBasis::Stored(tournId_);
     return QString(GradeFor(*this, stored) + GradeLettFor(*this, stored)).rightJustified(4, u' ');
 }
 
 QString cPlayer::Grade() const
 {
-    return GradeFor(*this, StoredType(tournId_));
+    return Grade(cGradeBasis::Stored(tournId_));
+}
+
+QString cPlayer::Grade(const cGradeBasis &basis) const
+{
+    return GradeFor(*this, basis);
 }
 
 QString cPlayer::GradeLett() const
 {
-    return GradeLettFor(*this, StoredType(tournId_));
+    return GradeLett(cGradeBasis::Stored(tournId_));
+}
+
+QString cPlayer::GradeLett(const cGradeBasis &basis) const
+{
+    return GradeLettFor(*this, basis);
 }
 
 void cPlayer::setDOB(const QString &value)

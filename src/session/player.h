@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <memory>
+#include <vector>
+
 class cMaster;
 class QSqlQuery;
 class QSqlRecord;
@@ -16,6 +19,16 @@ struct cPlayerColumns
     int tId, pId, masterId, pin, forename, surname, code, grade, gLett, rGrade, rLett, elo, dob,
         age, club, clubCode, clubName, school, gmTitle, score, aCount, numGames, gPoints, place,
         withdrawn;
+};
+
+// The type letter and default grade of a tournament as they stand in the file, so that
+// a stored change shows at once and an unsaved one not at all. A pass over many
+// entrants reads them once and chooses every grade from them.
+struct cGradeBasis
+{
+    QString type;
+    QString defGrade;
+    static cGradeBasis Stored(const QString &tournId);
 };
 
 // One entrant of one tournament: its row of Player as text, with the texts that lists
@@ -76,9 +89,11 @@ public:
     // The grade this entrant plays with, chosen by the type of the tournament as it
     // stands in the file; an ungraded entrant has the tournament's default grade.
     QString Grade() const;
+    QString Grade(const cGradeBasis &basis) const;
     // The letter of the grade chosen by Grade, one character; "" where the type
     // has no letters.
     QString GradeLett() const;
+    QString GradeLett(const cGradeBasis &basis) const;
     // dd/mm/yyyy.
     QString DOB() const { return dob_; }
     void setDOB(const QString &value);
@@ -111,6 +126,9 @@ public:
     // Writes a new row into the open tournament under its next free player id.
     void Create();
     void Update();
+    // Writes the rows of many entrants exactly as Update writes each one, through one
+    // prepared statement: recalculation writes back the whole field this way.
+    static void UpdateEach(const std::vector<std::shared_ptr<cPlayer>> &players);
     // Takes the grades of the register record over and writes the row; name, club
     // and the rest stay as entered.
     void UpdateGradesFromMaster(const cMaster &master);

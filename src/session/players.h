@@ -4,10 +4,23 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class cMaster;
 class cPlayer;
+
+// The tie-break a report asks recalculation for: sum of opponents' scores,
+// progressive scores, Sonneborn-Berger, or none. A caller without a print dialog
+// gives no mode at all, and then no tie-break is worked out.
+enum class TieBreakMode { optSum, optPro, optSB, optNone };
+
+// The sorted view of the entrants that recalculation, pins and reports work on:
+// references, so a change to an element is a change to the entrant.
+using cPlayerArray = std::vector<std::shared_ptr<cPlayer>>;
+// PlayerId to position in the player array, positions counted from 1; 0 for an id
+// not in use.
+using cIdMap = std::vector<qint32>;
 
 // The entrants of one tournament in memory, keyed by PlayerId and kept in the order
 // in which they were added, which is the order every later walk meets them in.
@@ -51,11 +64,33 @@ public:
     cEntries::const_iterator begin() const { return entries_.begin(); }
     cEntries::const_iterator end() const { return entries_.end(); }
 
+    // The work members that the player array routines fill; recalculation and the
+    // pin routines leave them behind for the reports that follow.
+    cPlayerArray &PlayerArray() { return playerArray_; }
+    cIdMap &IdMap() { return idMap_; }
+
+    // Rebuilds Score, Games, GPoints, TieBreak and the colour counters of every
+    // entrant from the games of rounds up to the limit, and writes every entrant.
+    void RecalcAll(qint16 roundLimit, std::optional<TieBreakMode> mode = std::nullopt);
+
+    // Pins: allocation in one sweep, clearing and the report of gaps and clashes.
+    bool ValidPin(const QString &pin) const;
+    void PinsClear();
+    void PinsByGrade();
+    void PinsByName();
+    void PinsByOrder();
+    void PinsByRandom();
+    QString PinsValidate();
+
 private:
     // Adds under the key; a key already present is a fatal fault.
     void Add(const QString &key, std::shared_ptr<cPlayer> player);
     void RemoveAt(qsizetype index);
 
+    void PinsInOrder(qint16 order);
+
     cEntries entries_;
     QHash<QString, std::shared_ptr<cPlayer>> byKey_;
+    cPlayerArray playerArray_;
+    cIdMap idMap_;
 };

@@ -5,6 +5,7 @@
 #include <memory>
 
 class cPlayer;
+struct cGradeBasis;
 
 // One board of one round: a pairing with or without its result. A side that is none
 // is stored as 0; a game with one side is a bye.
@@ -25,6 +26,13 @@ public:
     // The signs of the cross table: "+", "-", "=" or a blank, from the code as it stands.
     QString DisplayWhiteResult() const;
     QString DisplayBlackResult() const;
+    // The grading points each side gains from this game: the opponent's grade held
+    // within 40 points of the player's own, then 50 more for a win or 50 less for a
+    // loss; 0 for a "Z" game. The basis overloads serve passes over many rows.
+    qint16 WhiteGradePoints() const;
+    qint16 WhiteGradePoints(const cGradeBasis &basis) const;
+    qint16 BlackGradePoints() const;
+    qint16 BlackGradePoints(const cGradeBasis &basis) const;
     std::shared_ptr<cPlayer> Black() const { return black_; }
     void setBlack(std::shared_ptr<cPlayer> player) { black_ = std::move(player); }
     std::shared_ptr<cPlayer> White() const { return white_; }

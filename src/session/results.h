@@ -22,6 +22,23 @@ public:
 
     // How many entries, spare rows included, belong to the round.
     qint16 CountForRound(qint16 round) const;
+
+    // Boards. A round with no boards yet continues from the lowest board of the
+    // earlier rounds, so a section sharing a hall keeps its own numbers.
+    QString FirstBoard(qint16 round) const;
+    // The board the grid offers for a new pairing of the round.
+    qint16 NextBoard(qint16 round) const;
+    // Numbers every row of the round from the first board on, blank rows too, and
+    // stores the round.
+    void RenumberBoards(qint16 round, qint16 firstBoard);
+    // Drops the blank rows of the round and adds a fresh set at the end.
+    void RemoveEmptyBoards(qint16 round);
+    // Puts the top pairings of the round on the top boards, by the scores before the
+    // round, with byes last; nothing is stored.
+    void ReOrderBoards(qint16 round);
+    // How many blank rows a round is given: at least 5, and room for every entrant
+    // not yet paired with 5 to spare.
+    qint32 BlankRowCount(qint16 round) const;
     // Reads the games of the open tournament in round and board order, after its
     // entrants are loaded, and gives every round its spare rows: at least 5, and
     // room for every entrant not yet paired with 5 to spare.
@@ -43,5 +60,9 @@ public:
     cEntries::const_iterator end() const { return entries_.end(); }
 
 private:
+    void SwapBoards(qint32 first, qint32 second);
+
     cEntries entries_;
+    // The rows of a round while ReOrderBoards sorts them.
+    cEntries boardArray_;
 };

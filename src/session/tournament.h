@@ -90,6 +90,9 @@ public:
     void Delete();
     // Asks whether the tournament is to go, mentioning its entrants when it has any.
     bool DeleteRequired();
+    // Reports in the message window what is missing or wrong in the round as it
+    // stands in memory; changes nothing.
+    void ValidatePairings(qint16 round);
 
     // The command Next Round: moves on one round when CurrRound sorts before Rounds
     // as text, and rewrites the row in any case. So a tournament of 10 or more rounds
