@@ -3,6 +3,7 @@
 // of 10 timings.
 
 #include "bench_environment.h"
+#include "bench_tournament.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/control.h"
@@ -28,59 +29,6 @@ constexpr int Entrants = 500;
 constexpr int Rounds = 11;
 constexpr int Runs = 10;
 
-QString BuildTournament()
-{
-    auto tournament = std::make_shared<cTournament>();
-    tournament->setTitle(QStringLiteral("Bench Congress"));
-    tournament->setTourn(QStringLiteral("Open"));
-    tournament->setTType(QStringLiteral("B"));
-    tournament->setDefGrade(QStringLiteral("100"));
-    tournament->Create();
-    tournament->setRounds(QString::number(Rounds));
-    tournament->Update();
-    Control().setTournament(tournament);
-
-    cTransaction transaction;
-    for (int index = 1; index <= Entrants; ++index) {
-        cPlayer player;
-        player.setSurname(QStringLiteral("Surname") + QString::number(index % 97));
-        player.setForename(QStringLiteral("Forename") + QString::number(index));
-        player.setPin(QString::number(index));
-        player.setMasterId(QString::number(index));
-        player.setLongPlay(QString::number(100 + index % 120));
-        player.setLongPlayLett(QStringLiteral("A"));
-        player.setDOB(QStringLiteral("01/01/1990"));
-        player.setAge(QStringLiteral("35"));
-        player.setClub(QStringLiteral("Club"));
-        player.setScore(QStringLiteral("5.5"));
-        player.Create();
-    }
-    transaction.Commit();
-
-    tournament->Players().LoadAllPlayers();
-    cResults &results = tournament->Results();
-    results.LoadAllResults();
-    // Fill each round's rows with pairings of every entrant, then store the round.
-    for (int round = 1; round <= Rounds; ++round) {
-        int board = 0;
-        for (const auto &entry : results) {
-            if (entry->Round().toInt() != round)
-                continue;
-            if (board == Entrants / 2)
-                break;
-            const int white = (board * 2 + round) % Entrants + 1;
-            const int black = (board * 2 + 1 + round) % Entrants + 1;
-            entry->setBoard(QString::number(board + 1));
-            entry->setWhite(tournament->Players().item(QString::number(white)));
-            entry->setBlack(tournament->Players().item(QString::number(black)));
-            entry->setResult(QStringLiteral("WDB").mid(board % 3, 1));
-            ++board;
-        }
-        results.UpdateResults(qint16(round));
-    }
-    return tournament->TournId();
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -93,15 +41,9 @@ int main(int argc, char **argv)
     IsolateEnvironment(root.path());
     QCoreApplication application(argc, argv);
 
-    CreateSessionObjects();
-    Database().setDataDir(QDir::toNativeSeparators(root.path() + QStringLiteral("/data")));
-    Database().Create();
-    Database().OpenDb();
-    Control().Load(QStringLiteral("Version"));
-    Database().CheckVersion();
-    Control().Load(QStringLiteral("All"));
+    OpenFreshDatabase(root.path() + QStringLiteral("/data"));
 
-    const QString id = BuildTournament();
+    const QString id = BuildBenchTournament(Entrants, Rounds);
     const qint64 games =
         SqlScalar(QStringLiteral("Select count(*) From Result Where TId = ?"), {id.toLongLong()})
             .toLongLong();
