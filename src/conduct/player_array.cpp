@@ -16,21 +16,21 @@ constexpr int MaxKeys = 4;
 
 enum class KeyKind { None, Number, Text };
 
-struct cKeySpec
+struct cKeyRule
 {
     KeyKind kind = KeyKind::None;
     bool descending = false;
 };
 
-using cOrderSpec = std::array<cKeySpec, MaxKeys>;
+using cOrderKeys = std::array<cKeyRule, MaxKeys>;
 
-constexpr cKeySpec NumberDown{KeyKind::Number, true};
-constexpr cKeySpec NumberUp{KeyKind::Number, false};
-constexpr cKeySpec TextUp{KeyKind::Text, false};
+constexpr cKeyRule NumberDown{KeyKind::Number, true};
+constexpr cKeyRule NumberUp{KeyKind::Number, false};
+constexpr cKeyRule TextUp{KeyKind::Text, false};
 
 // The keys of the ten orders. The title rank of order 5 is a number that goes first
 // when larger: an untitled entrant ahead of a titled one of equal score and grade.
-constexpr std::array<cOrderSpec, 10> Orders{{
+constexpr std::array<cOrderKeys, 10> Orders{{
     {NumberDown, TextUp, TextUp, {}},
     {TextUp, {}, {}, {}},
     {NumberUp, {}, {}, {}},
@@ -111,10 +111,10 @@ cEntrantKeys KeysFor(qint16 order, const cPlayer &player, cGradeBases &bases)
 
 // True when the entrant at j is to go before the one at i. Keys are looked at in
 // turn; the next only when the two are equal; all equal leaves the pair.
-bool GoesFirst(const cOrderSpec &spec, const cEntrantKeys &j, const cEntrantKeys &i)
+bool GoesFirst(const cOrderKeys &orderKeys, const cEntrantKeys &j, const cEntrantKeys &i)
 {
     for (int key = 0; key < MaxKeys; ++key) {
-        switch (spec[size_t(key)].kind) {
+        switch (orderKeys[size_t(key)].kind) {
         case KeyKind::None:
             return false;
         case KeyKind::Number: {
@@ -122,14 +122,14 @@ bool GoesFirst(const cOrderSpec &spec, const cEntrantKeys &j, const cEntrantKeys
             const double iValue = i.numbers[size_t(key)];
             if (jValue == iValue)
                 continue;
-            return spec[size_t(key)].descending ? jValue > iValue : iValue > jValue;
+            return orderKeys[size_t(key)].descending ? jValue > iValue : iValue > jValue;
         }
         case KeyKind::Text: {
             const int compared =
                 QString::compare(j.texts[size_t(key)], i.texts[size_t(key)], Qt::CaseSensitive);
             if (compared == 0)
                 continue;
-            return spec[size_t(key)].descending ? compared > 0 : compared < 0;
+            return orderKeys[size_t(key)].descending ? compared > 0 : compared < 0;
         }
         }
     }
@@ -175,9 +175,9 @@ void SortPlayerArray(qint16 order, cPlayerArray &playerArray)
         progressWindow.Update(i + 1);
         if (!known)
             continue;
-        const cOrderSpec &spec = Orders[size_t(order - 1)];
+        const cOrderKeys &orderKeys = Orders[size_t(order - 1)];
         for (qint32 j = i + 1; j < count; ++j) {
-            if (GoesFirst(spec, keys[size_t(j)], keys[size_t(i)])) {
+            if (GoesFirst(orderKeys, keys[size_t(j)], keys[size_t(i)])) {
                 SwapPlayers(playerArray[size_t(i)], playerArray[size_t(j)]);
                 std::swap(keys[size_t(i)], keys[size_t(j)]);
             }
