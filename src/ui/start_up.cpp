@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 
 QString FailureMessage(const QString &source, int number, const QString &description)
 {
@@ -103,8 +102,8 @@ void cStartUp::RemoveNewDatabase()
 {
     Database().CloseDb();
     const QString file = Database().DataDb();
-    QFile::remove(file + QStringLiteral("-journal"));
-    QFile::remove(file);
+    QDir().remove(file + QStringLiteral("-journal"));
+    QDir().remove(file);
 }
 
 bool cStartUp::RunSequence()
