@@ -1,10 +1,15 @@
 #include "ui/frm_main.h"
 
+#include "database/database.h"
 #include "session/app_info.h"
 #include "session/busy.h"
+#include "session/control.h"
+#include "session/globals.h"
 #include "session/settings_store.h"
 #include "ui/commands.h"
 #include "ui/frm_about.h"
+#include "ui/frm_load_bcf_list.h"
+#include "ui/frm_load_club_list.h"
 #include "ui/frm_options.h"
 #include "ui/register_summary.h"
 
@@ -58,6 +63,23 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     mnuTools = menuBar()->addMenu(tr("&Tools"));
     mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    mnuFileDB = mnuTools->addMenu(tr("Import"));
+    mnuFileDB->setObjectName(QStringLiteral("mnuFileDB"));
+    mnuLoadClubList =
+        AddCommand(mnuFileDB, QStringLiteral("mnuLoadClubList"), tr("Import new BCF Club List..."));
+    mnuLoadBCFMasterList = AddCommand(mnuFileDB, QStringLiteral("mnuLoadBCFMasterList"),
+                                      tr("Import new BCF Master List..."));
+    // The administration items are on every platform that the program runs on.
+    mnuTools->addSeparator()->setObjectName(QStringLiteral("mnuSep1"));
+    mnuFileDBAdmin = mnuTools->addMenu(tr("Database administration"));
+    mnuFileDBAdmin->setObjectName(QStringLiteral("mnuFileDBAdmin"));
+    mnuFileDBTidy = AddCommand(mnuFileDBAdmin, QStringLiteral("mnuFileDBTidy"), tr("&Tidy"));
+    mnuFileDBAdmin->addSeparator()->setObjectName(QStringLiteral("mnuFileBar0"));
+    mnuFileDBBackup =
+        AddCommand(mnuFileDBAdmin, QStringLiteral("mnuFileDBBackup"), tr("&Backup..."));
+    mnuFileDBRestore =
+        AddCommand(mnuFileDBAdmin, QStringLiteral("mnuFileDBRestore"), tr("&Restore..."));
+    mnuTools->addSeparator()->setObjectName(QStringLiteral("mnuViewBar2"));
     mnuVOptions = AddCommand(mnuTools, QStringLiteral("mnuVOptions"), tr("&Options..."));
 
     mnuView = menuBar()->addMenu(tr("&View"));
@@ -90,6 +112,11 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(views_);
 
     connect(mnuFileExit, &QAction::triggered, this, &QWidget::close);
+    connect(mnuLoadClubList, &QAction::triggered, this, &frmMain::mnuLoadClubList_Click);
+    connect(mnuLoadBCFMasterList, &QAction::triggered, this, &frmMain::mnuLoadBCFMasterList_Click);
+    connect(mnuFileDBTidy, &QAction::triggered, this, &frmMain::mnuFileDBTidy_Click);
+    connect(mnuFileDBBackup, &QAction::triggered, this, &frmMain::mnuFileDBBackup_Click);
+    connect(mnuFileDBRestore, &QAction::triggered, this, &frmMain::mnuFileDBRestore_Click);
     connect(mnuVOptions, &QAction::triggered, this, &frmMain::mnuVOptions_Click);
     connect(mnuViewPlayers, &QAction::triggered, this, &frmMain::ShowMasterView);
     connect(tbrPlayers, &QAction::triggered, this, &frmMain::ShowMasterView);
@@ -156,6 +183,53 @@ void frmMain::ShowMasterView()
     views_->setCurrentWidget(masterView_);
     masterView_->Refresh();
     SetMainCommands();
+}
+
+void frmMain::mnuLoadClubList_Click()
+{
+    frmLoadClubList dialog(this);
+    dialog.exec();
+    cBusySection busy;
+    // The load clears the old list and reads the new one as one unit of work, so a
+    // file that fails keeps the clubs that were there.
+    if (!dialog.Cancelled)
+        Database().LoadClubTable(dialog.FileName());
+    SetMainCommands();
+}
+
+void frmMain::mnuLoadBCFMasterList_Click()
+{
+    frmLoadBCFList dialog(this);
+    dialog.exec();
+    cBusySection busy;
+    if (!dialog.Cancelled)
+        Database().LoadBCFMastList(dialog.FileName());
+    // Matching to the list is offered only when a list is loaded.
+    SetMainCommands();
+}
+
+void frmMain::mnuFileDBTidy_Click()
+{
+    Database().TidyDb();
+}
+
+void frmMain::mnuFileDBBackup_Click()
+{
+    Database().BackupDB();
+}
+
+void frmMain::mnuFileDBRestore_Click()
+{
+    if (!Database().RestoreDb())
+        return;
+    cBusySection busy;
+    // The settings and the records on screen are those of the file now in place; an
+    // open tournament may not exist in it.
+    Control().Load(QStringLiteral("Version"));
+    Database().CheckVersion();
+    Control().Load(QStringLiteral("All"));
+    Control().setTournament(nullptr);
+    ShowMasterView();
 }
 
 void frmMain::mnuVOptions_Click()

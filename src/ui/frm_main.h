@@ -30,7 +30,14 @@ public:
     QMenu *mnuTools;
     QMenu *mnuView;
     QMenu *mnuHelp;
+    QMenu *mnuFileDB;
+    QMenu *mnuFileDBAdmin;
     QAction *mnuFileExit;
+    QAction *mnuLoadClubList;
+    QAction *mnuLoadBCFMasterList;
+    QAction *mnuFileDBTidy;
+    QAction *mnuFileDBBackup;
+    QAction *mnuFileDBRestore;
     QAction *mnuVOptions;
     QAction *mnuViewPlayers;
     QAction *mnuViewToolbar;
@@ -45,6 +52,11 @@ private:
     void RestorePosition();
     void SavePosition();
     QAction *AddCommand(QMenu *menu, const QString &name, const QString &caption);
+    void mnuLoadClubList_Click();
+    void mnuLoadBCFMasterList_Click();
+    void mnuFileDBTidy_Click();
+    void mnuFileDBBackup_Click();
+    void mnuFileDBRestore_Click();
     void mnuVOptions_Click();
     void mnuViewToolbar_Click();
     void mnuHelpAbout_Click();

@@ -2,9 +2,11 @@
 
 #include <QDialog>
 
+class QLineEdit;
 class QPushButton;
 
-// Shown when there is no database: make a new empty one, or leave the program.
+// Shown when there is no database: make a new empty one, import the data folder of
+// the DOS predecessor, or leave the program.
 class frmNewDb : public QDialog
 {
     Q_OBJECT
@@ -16,10 +18,17 @@ public:
     // database clears it, so closing the window ends the program.
     bool Cancelled = true;
 
+    QLineEdit *txtSelectDb;
     QPushButton *cmdNew;
+    QPushButton *cmdBrowse;
+    QPushButton *cmdCopy;
     QPushButton *cmdExit;
 
 private:
     void cmdNew_Click();
+    void cmdBrowse_Click();
+    void cmdCopy_Click();
     void cmdExit_Click();
+    // Tells why the file in the box can't be imported and puts the usual name back.
+    void Refuse(const QString &text);
 };

@@ -25,6 +25,10 @@ public:
 private:
     bool RunSequence();
     bool IsAnotherCopyRunning();
+    // Fills the database just made, from the DOS folder chosen or from the base copy
+    // of the club list. A fill that fails takes the new file away again.
+    bool FillNewDatabase();
+    void RemoveNewDatabase();
 
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmMain> mainWindow_;

@@ -15,6 +15,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QLockFile>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -29,6 +31,46 @@ void SetDataDir(const QString &folder)
 {
     SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
                 QStringLiteral("DataDir"), folder);
+}
+
+// The folder of the installed program, with the base copy of the club list in it.
+void SetSystemDir(const QString &folder)
+{
+    SaveSetting(QStringLiteral("Velmora!"), QStringLiteral("Configuration"),
+                QStringLiteral("SystemDir"), folder);
+}
+
+bool WriteFile(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+const char *const DosTables[] = {"Master.dbf", "Velmora.dbf", "Players.dbf", "Result.dbf",
+                                 "Club.dbf"};
+
+bool CopyDosFolder(const QString &folder)
+{
+    QDir().mkpath(folder);
+    for (const char *table : DosTables)
+        if (CopySharedFile(QStringLiteral("dos/") + QString::fromLatin1(table), folder).isEmpty())
+            return false;
+    return true;
+}
+
+qint64 Count(const QString &table)
+{
+    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
+}
+
+// Types a path into the dialog's box, as a person would, and presses Import.
+void ImportThroughTheBox(frmNewDb *dialog, const QString &path)
+{
+    dialog->txtSelectDb->selectAll();
+    QTest::keyClick(dialog->txtSelectDb, Qt::Key_Delete);
+    QTest::keyClicks(dialog->txtSelectDb, path);
+    QTest::mouseClick(dialog->cmdCopy, Qt::LeftButton);
 }
 
 // Acts on the new-database dialog once it is on screen: start-up lets events run
@@ -72,6 +114,11 @@ private slots:
     void dataFolderThatCannotBeCreatedGivesClearMessage();
     void failureMessageIsComposedAsWritten();
     void surnameCaseHoldsForTheRunOnly();
+    void newDatabaseReadsTheClubsFromTheBaseCopy();
+    void missingBaseCopyLeavesNoDatabaseAndAsksAgainNextTime();
+    void importThroughTheDialogFillsTheNewDatabase();
+    void importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime();
+    void failedImportKeepsTheFileThatStoodInTheWay();
 
 private:
     std::unique_ptr<QTemporaryDir> folder_;
@@ -82,6 +129,10 @@ void TestStartUp::init()
 {
     folder_ = std::make_unique<QTemporaryDir>();
     SetDataDir(folder_->path() + QStringLiteral("/data"));
+    SetSystemDir(folder_->path() + QStringLiteral("/program"));
+    QVERIFY(WriteFile(folder_->path() + QStringLiteral("/program/club.txt"),
+                      "\"BRI\",\"Brighton\",\"ESX\",\"S\"\r\n"
+                      "\"LEW\",\"Lewes\",\"ESX\",\"S\"\r\n"));
     seam_ = std::make_unique<cScriptedInteraction>();
 }
 
@@ -233,6 +284,160 @@ void TestStartUp::surnameCaseHoldsForTheRunOnly()
     cStartUp again;
     QVERIFY(again.Main());
     QCOMPARE(Control().SurnameCase(), qint16(0));
+}
+
+void TestStartUp::newDatabaseReadsTheClubsFromTheBaseCopy()
+{
+    bool shown = false;
+    WhenNewDbShows([](frmNewDb *dialog) { QTest::mouseClick(dialog->cmdNew, Qt::LeftButton); },
+                   &shown);
+    cStartUp startUp;
+    QVERIFY(startUp.Main());
+    QVERIFY(shown);
+    QVERIFY(Database().SourceDb().isEmpty());
+    QCOMPARE(Count(QStringLiteral("Club")), 2);
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'LEW'")).toString(),
+             QStringLiteral("Lewes"));
+    QCOMPARE(Count(QStringLiteral("Master")), 0);
+    QCOMPARE(
+        seam_->CallsStartingWith(QStringLiteral("progress-start|")),
+        QStringList{QStringLiteral("progress-start|Copying the Club table from a base copy|1")});
+}
+
+void TestStartUp::missingBaseCopyLeavesNoDatabaseAndAsksAgainNextTime()
+{
+    QVERIFY(QFile::remove(folder_->path() + QStringLiteral("/program/club.txt")));
+    bool shown = false;
+    WhenNewDbShows([](frmNewDb *dialog) { dialog->cmdNew->click(); }, &shown);
+    {
+        cStartUp startUp;
+        QVERIFY(!startUp.Main());
+        QCOMPARE(startUp.ExitCode(), 1);
+        QVERIFY(!startUp.MainWindow());
+    }
+    QVERIFY(shown);
+    const QStringList messages = seam_->CallsStartingWith(QStringLiteral("message|"));
+    QCOMPARE(messages.size(), 2);
+    QVERIFY(messages[0].contains(QStringLiteral("club.txt, cannot be found.")));
+    QVERIFY(messages[1].startsWith(
+        QStringLiteral("message|exclamation|Velmora!|No database has been created.")));
+    QVERIFY(!QFile::exists(folder_->path() + QStringLiteral("/data/Velmora.mdb")));
+    QCOMPARE(BusyCount(), qint16(0));
+
+    DestroySessionObjects();
+    shown = false;
+    WhenNewDbShows([](frmNewDb *dialog) { dialog->cmdExit->click(); }, &shown);
+    cStartUp again;
+    QVERIFY(!again.Main());
+    QVERIFY(shown);
+}
+
+void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
+{
+    const QString dos = folder_->path() + QStringLiteral("/old");
+    QVERIFY(CopyDosFolder(dos));
+    bool shown = false;
+    // The name check takes any case of letters.
+    WhenNewDbShows(
+        [dos](frmNewDb *dialog) {
+            ImportThroughTheBox(dialog, dos + QStringLiteral("/mASTER.dbf"));
+        },
+        &shown);
+    cStartUp startUp;
+    QVERIFY(startUp.Main());
+    QVERIFY(shown);
+    QCOMPARE(Database().SourceDb(), dos);
+    QCOMPARE(seam_->Count(QStringLiteral("message|")), 0);
+    QCOMPARE(Count(QStringLiteral("Master")), 297);
+    QCOMPARE(Count(QStringLiteral("Velmora")), 6);
+    QCOMPARE(Count(QStringLiteral("Player")), 106);
+    QCOMPARE(Count(QStringLiteral("Result")), 302);
+    // The clubs come from the folder, not from the base copy.
+    QCOMPARE(Count(QStringLiteral("Club")), 5);
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Club WHERE Code = 'LEW'")).toInt(), 0);
+    const QStringList progress = seam_->CallsStartingWith(QStringLiteral("progress-start|"));
+    QCOMPARE(progress.size(), 5);
+    QCOMPARE(progress.first(),
+             QStringLiteral(
+                 "progress-start|Copying the Master table from the Velmora DOS database|300"));
+    QCOMPARE(seam_->Count(QStringLiteral("progress-end")), 5);
+    // A tournament of this century that the DOS files date 19xx.
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT TDate FROM Velmora WHERE TId = 3")).toString(),
+             QStringLiteral("2001-03-13"));
+    // The upgrade that follows the import puts the names into proper case.
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT Surname FROM Master WHERE MasterId = 1")).toString(),
+             QStringLiteral("Khan"));
+    QCOMPARE(Control().Vrsn(), QStringLiteral("1.02"));
+    QVERIFY(startUp.MainWindow()->isVisible());
+    QCOMPARE(BusyCount(), qint16(0));
+}
+
+void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
+{
+    const QString dos = folder_->path() + QStringLiteral("/old");
+    QVERIFY(CopyDosFolder(dos));
+    // The results table is cut short: the first three tables read well, the fourth fails.
+    QVERIFY(QFile::resize(dos + QStringLiteral("/Result.dbf"), 700));
+    bool shown = false;
+    WhenNewDbShows(
+        [dos](frmNewDb *dialog) {
+            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
+        },
+        &shown);
+    {
+        cStartUp startUp;
+        QVERIFY(!startUp.Main());
+        QCOMPARE(startUp.ExitCode(), 1);
+        QVERIFY(!startUp.MainWindow());
+    }
+    QVERIFY(shown);
+    const QStringList messages = seam_->CallsStartingWith(QStringLiteral("message|"));
+    QCOMPARE(messages.size(), 2);
+    QVERIFY(messages[0].contains(QStringLiteral("could not be imported")));
+    QVERIFY(messages[0].endsWith(QStringLiteral("Nothing has been imported.")));
+    QVERIFY(messages[1].contains(QStringLiteral("No database has been created.")));
+    QVERIFY(FilesIn(folder_->path() + QStringLiteral("/data"))
+                .filter(QStringLiteral("Velmora.mdb"))
+                .isEmpty());
+    QCOMPARE(BusyCount(), qint16(0));
+
+    // The next start offers the choice again, and a sound folder imports.
+    DestroySessionObjects();
+    QVERIFY(CopyDosFolder(dos));
+    shown = false;
+    WhenNewDbShows(
+        [dos](frmNewDb *dialog) {
+            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
+        },
+        &shown);
+    cStartUp again;
+    QVERIFY(again.Main());
+    QVERIFY(shown);
+    QCOMPARE(Count(QStringLiteral("Result")), 302);
+}
+
+void TestStartUp::failedImportKeepsTheFileThatStoodInTheWay()
+{
+    const QString data = folder_->path() + QStringLiteral("/data");
+    QVERIFY(WriteFile(data + QStringLiteral("/Velmora.mdb"), "not a database"));
+    const QString dos = folder_->path() + QStringLiteral("/old");
+    QVERIFY(CopyDosFolder(dos));
+    QVERIFY(QFile::resize(dos + QStringLiteral("/Players.dbf"), 900));
+    bool shown = false;
+    WhenNewDbShows(
+        [dos](frmNewDb *dialog) {
+            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
+        },
+        &shown);
+    cStartUp startUp;
+    QVERIFY(!startUp.Main());
+    QVERIFY(shown);
+    QVERIFY(!QFile::exists(data + QStringLiteral("/Velmora.mdb")));
+    const QStringList aside = QDir(data).entryList({QStringLiteral("Velmora-*.mdb")}, QDir::Files);
+    QCOMPARE(aside.size(), 1);
+    QFile kept(data + u'/' + aside.first());
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QCOMPARE(kept.readAll(), QByteArray("not a database"));
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestStartUp)
