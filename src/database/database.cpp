@@ -193,7 +193,7 @@ void cDatabase::MoveAsideExistingFile()
         MessageIcon::Information, AppInfo::Title());
 }
 
-void cDatabase::Create()
+bool cDatabase::Create(const std::function<bool()> &fill)
 {
     CloseDb();
     if (!QDir().mkpath(dataDir_))
@@ -201,10 +201,16 @@ void cDatabase::Create()
                        QStringLiteral(" cannot be created."));
     MoveAsideExistingFile();
 
-    // The tables are built in a file of their own name first and put in place only
-    // when complete, so an interrupted creation never leaves a half-made database.
+    // The database is built and filled in a file of its own name first and put in
+    // place only when complete, so an interrupted creation never leaves a half-made
+    // database behind.
     const QString building = DataDb() + QStringLiteral(".new");
-    QFile::remove(building);
+    const auto discardBuilding = [this, &building] {
+        CloseDb();
+        QFile::remove(building + QStringLiteral("-journal"));
+        QFile::remove(building);
+    };
+    discardBuilding();
     {
         QFile probe(building);
         if (!probe.open(QIODevice::WriteOnly))
@@ -213,7 +219,6 @@ void cDatabase::Create()
         probe.close();
         probe.remove();
     }
-    const QString finalName = DataDb();
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
         db.setDatabaseName(building);
@@ -221,22 +226,32 @@ void cDatabase::Create()
             RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,
                        db.lastError().text());
     }
-    {
-        cTransaction transaction;
-        CreateCntrlTable();
-        CreateMasterTable();
-        CreateVelmoraTable();
-        CreatePlayerTable();
-        CreateResultTable();
-        CreateClubTable();
-        CreateBCFMastList();
-        transaction.Commit();
+    try {
+        {
+            cTransaction transaction;
+            CreateCntrlTable();
+            CreateMasterTable();
+            CreateVelmoraTable();
+            CreatePlayerTable();
+            CreateResultTable();
+            CreateClubTable();
+            CreateBCFMastList();
+            transaction.Commit();
+        }
+        if (fill && !fill()) {
+            discardBuilding();
+            return false;
+        }
+    } catch (...) {
+        discardBuilding();
+        throw;
     }
     CloseDb();
-    if (!QFile::rename(building, finalName))
-        RaiseFileFault(QStringLiteral("The database ") + finalName +
+    if (!QFile::rename(building, DataDb()))
+        RaiseFileFault(QStringLiteral("The database ") + DataDb() +
                        QStringLiteral(" could not be put in place."));
     OpenDb();
+    return true;
 }
 
 void cDatabase::CreateCntrlTable()

@@ -4,6 +4,8 @@
 #include <QSqlDatabase>
 #include <QString>
 
+#include <functional>
+
 // The owner of the one open data file, Velmora.mdb in the data folder, and of the
 // three working folders. Other classes borrow the handle for each query and keep
 // nothing of it.
@@ -38,7 +40,11 @@ public:
     bool Exists() const;
     // Makes a new database with its seven tables and the row of Cntrl. A file that
     // stands in the way is moved aside, never destroyed, and the user is told where.
-    void Create();
+    // The fill, when given, runs on the new file before it is put in place: when it
+    // reports failure or throws, the new file is discarded, so no half-filled
+    // database is ever left where the next start would open it. True when the new
+    // database stands in place.
+    bool Create(const std::function<bool()> &fill = {});
     void CreateBCFMastList();
 
     // The loads of the BCF grading list and club list. Each Copy… routine appends

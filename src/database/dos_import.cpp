@@ -331,9 +331,8 @@ bool cDatabase::Copy(const QString &source)
                 ? QStringLiteral("The club list could not be copied from its base copy.")
                 : QStringLiteral("The Velmora DOS database in ") +
                       QDir::toNativeSeparators(source) + QStringLiteral(" could not be imported.");
-        Interaction().ShowMessage(what + QStringLiteral("\n\n") + loadFaultText_ +
-                                      QStringLiteral("\n\nNothing has been imported."),
-                                  MessageIcon::Exclamation, AppInfo::Title());
+        // The caller tells the user once, with what this means for the new database.
+        loadFaultText_ = what + QStringLiteral("\n\n") + loadFaultText_;
         return false;
     }
     unit.Commit();

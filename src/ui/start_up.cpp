@@ -77,34 +77,19 @@ bool cStartUp::IsAnotherCopyRunning()
     return true;
 }
 
-bool cStartUp::FillNewDatabase()
+bool cStartUp::CreateDatabase()
 {
-    bool filled = false;
-    try {
-        filled = Database().Copy(Database().SourceDb());
-    } catch (...) {
-        RemoveNewDatabase();
-        throw;
-    }
-    if (filled)
+    if (Database().Create([] { return Database().Copy(Database().SourceDb()); }))
         return true;
-    // An empty file left here would be opened by the next start without a word, so
-    // the choice between a new database and an import would never come again.
-    RemoveNewDatabase();
-    Interaction().ShowMessage(QStringLiteral("No database has been created. The next time ") +
-                                  AppInfo::Title() +
-                                  QStringLiteral(" starts, you can create a new database or "
-                                                 "import again."),
-                              MessageIcon::Exclamation, AppInfo::Title());
+    // Nothing half-filled was kept, so the next start offers the choice between a
+    // new database and an import again.
+    Interaction().ShowMessage(
+        Database().LoadFaultText() +
+            QStringLiteral("\n\nNo database has been created. The next time ") + AppInfo::Title() +
+            QStringLiteral(" starts, you can create a new database or "
+                           "import again."),
+        MessageIcon::Exclamation, AppInfo::Title());
     return false;
-}
-
-void cStartUp::RemoveNewDatabase()
-{
-    Database().CloseDb();
-    const QString file = Database().DataDb();
-    QDir().remove(file + QStringLiteral("-journal"));
-    QDir().remove(file);
 }
 
 bool cStartUp::RunSequence()
@@ -139,8 +124,7 @@ bool cStartUp::RunSequence()
         }
         BeginBusy();
         splash_->repaint();
-        Database().Create();
-        if (!FillNewDatabase()) {
+        if (!CreateDatabase()) {
             exitCode_ = 1;
             splash_.reset();
             return false;

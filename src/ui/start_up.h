@@ -25,10 +25,9 @@ public:
 private:
     bool RunSequence();
     bool IsAnotherCopyRunning();
-    // Fills the database just made, from the DOS folder chosen or from the base copy
-    // of the club list. A fill that fails takes the new file away again.
-    bool FillNewDatabase();
-    void RemoveNewDatabase();
+    // Makes the database and fills it from the DOS folder chosen or from the base copy
+    // of the club list. A fill that fails leaves no database file behind.
+    bool CreateDatabase();
 
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmMain> mainWindow_;

@@ -132,6 +132,10 @@ private slots:
     void newDatabaseIsAtFirstVersionUntilUpgraded();
     void newDatabaseHasNullAgeDate();
     void openOfMissingFileIsFatal();
+    void fillThatFailsLeavesNoDatabase();
+    void fillThatThrowsLeavesNoDatabase();
+    void fillRunsOnTheNewFileBeforeItIsInPlace();
+    void halfBuiltFileOfAnInterruptedCreationIsNotTakenForADatabase();
 };
 
 void TestDatabase::createdDatabaseHasExactlyTheListedFields()
@@ -410,6 +414,54 @@ void TestDatabase::openOfMissingFileIsFatal()
     cTestSession session(cTestSession::Start::Empty);
     QVERIFY_THROWS_EXCEPTION(cFatalFault, Database().OpenDb());
     QVERIFY(!QFile::exists(Database().DataDb()));
+}
+
+void TestDatabase::fillThatFailsLeavesNoDatabase()
+{
+    cTestSession session(cTestSession::Start::Empty);
+    QVERIFY(!Database().Create([] {
+        RunSql(QStringLiteral("INSERT INTO Master (MasterId) VALUES (1)"));
+        return false;
+    }));
+    QVERIFY(!QFile::exists(Database().DataDb()));
+    QVERIFY(QDir(Database().DataDir()).entryList(QDir::Files).isEmpty());
+    QVERIFY(!Database().Exists());
+}
+
+void TestDatabase::fillThatThrowsLeavesNoDatabase()
+{
+    cTestSession session(cTestSession::Start::Empty);
+    QVERIFY_THROWS_EXCEPTION(cFatalFault, Database().Create([]() -> bool {
+        RunSql(QStringLiteral("INSERT INTO NoSuchTable VALUES (1)"));
+        return true;
+    }));
+    QVERIFY(QDir(Database().DataDir()).entryList(QDir::Files).isEmpty());
+}
+
+void TestDatabase::fillRunsOnTheNewFileBeforeItIsInPlace()
+{
+    cTestSession session(cTestSession::Start::Empty);
+    bool inPlaceDuringFill = true;
+    QVERIFY(Database().Create([&inPlaceDuringFill] {
+        inPlaceDuringFill = QFile::exists(Database().DataDb());
+        RunSql(QStringLiteral("INSERT INTO Master (MasterId, Surname) VALUES (1, 'Ames')"));
+        return true;
+    }));
+    QVERIFY(!inPlaceDuringFill);
+    QVERIFY(Database().Exists());
+    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Surname FROM Master"))),
+             QStringLiteral("Ames"));
+}
+
+void TestDatabase::halfBuiltFileOfAnInterruptedCreationIsNotTakenForADatabase()
+{
+    cTestSession session(cTestSession::Start::Empty);
+    QDir().mkpath(Database().DataDir());
+    WriteTextFile(Database().DataDb() + QStringLiteral(".new"), "half written");
+    QVERIFY(!Database().Exists());
+    QVERIFY(Database().Create());
+    QVERIFY(Database().Exists());
+    QVERIFY(!QFile::exists(Database().DataDb() + QStringLiteral(".new")));
 }
 
 VELMORA_TEST_MAIN(TestDatabase)

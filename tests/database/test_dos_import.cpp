@@ -244,11 +244,10 @@ private slots:
         QVERIFY(!Database().Copy(dos.path()));
         for (const char *table : {"Master", "Velmora", "Player", "Result", "Club"})
             QCOMPARE(Count(QString::fromLatin1(table)), 0);
-        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
-        QCOMPARE(messages.size(), 1);
-        QVERIFY(messages[0].contains(QStringLiteral("could not be imported")));
-        QVERIFY(messages[0].contains(QStringLiteral("Result.dbf is damaged")));
-        QVERIFY(messages[0].endsWith(QStringLiteral("Nothing has been imported.")));
+        // The reason is kept for the one message that the start-up gives.
+        QVERIFY(seam.CallsStartingWith(QStringLiteral("message|")).isEmpty());
+        QVERIFY(Database().LoadFaultText().contains(QStringLiteral("could not be imported")));
+        QVERIFY(Database().LoadFaultText().contains(QStringLiteral("Result.dbf is damaged")));
         QCOMPARE(seam.Count(QStringLiteral("progress-start")),
                  seam.Count(QStringLiteral("progress-end")));
     }

@@ -317,10 +317,10 @@ void TestStartUp::missingBaseCopyLeavesNoDatabaseAndAsksAgainNextTime()
     }
     QVERIFY(shown);
     const QStringList messages = seam_->CallsStartingWith(QStringLiteral("message|"));
-    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages.size(), 1);
+    QVERIFY(messages[0].startsWith(QStringLiteral("message|exclamation|Velmora!|")));
     QVERIFY(messages[0].contains(QStringLiteral("club.txt, cannot be found.")));
-    QVERIFY(messages[1].startsWith(
-        QStringLiteral("message|exclamation|Velmora!|No database has been created.")));
+    QVERIFY(messages[0].contains(QStringLiteral("No database has been created.")));
     QVERIFY(!QFile::exists(folder_->path() + QStringLiteral("/data/Velmora.mdb")));
     QCOMPARE(BusyCount(), qint16(0));
 
@@ -392,10 +392,9 @@ void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
     }
     QVERIFY(shown);
     const QStringList messages = seam_->CallsStartingWith(QStringLiteral("message|"));
-    QCOMPARE(messages.size(), 2);
+    QCOMPARE(messages.size(), 1);
     QVERIFY(messages[0].contains(QStringLiteral("could not be imported")));
-    QVERIFY(messages[0].endsWith(QStringLiteral("Nothing has been imported.")));
-    QVERIFY(messages[1].contains(QStringLiteral("No database has been created.")));
+    QVERIFY(messages[0].contains(QStringLiteral("No database has been created.")));
     QVERIFY(FilesIn(folder_->path() + QStringLiteral("/data"))
                 .filter(QStringLiteral("Velmora.mdb"))
                 .isEmpty());
