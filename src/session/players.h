@@ -9,6 +9,9 @@
 
 class cMaster;
 class cPlayer;
+class QIODevice;
+struct cExportOptions;
+struct cPrintOptions;
 
 // The tie-break a report asks recalculation for: sum of opponents' scores,
 // progressive scores, Sonneborn-Berger, or none. A caller without a print dialog
@@ -50,6 +53,12 @@ public:
     void LoadAllPlayers();
     // Reads one entrant and adds it under its player id.
     std::shared_ptr<cPlayer> Load(const QString &tournId, const QString &playerId);
+
+    // Reports of the entrants (src/reports).
+    // The comma-separated export of the entrants in collection order, to the device
+    // or to the options' destination file.
+    void ListPlayersExport(QIODevice &device, const cExportOptions &options) const;
+    void ListPlayersExport(const cExportOptions &options) const;
 
     // The entrant under the key. "" and "0" give none: that is how a game finds its
     // empty side. Any other unknown key is a fatal fault.
