@@ -1,7 +1,5 @@
 #pragma once
 
-#include "reports/report_options.h"
-
 #include <QString>
 
 class cMaster;
