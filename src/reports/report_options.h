@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/players.h"
+
 #include <QString>
 
 // The choices a report or an export reads while it runs. The print dialog and the
@@ -13,9 +15,6 @@ enum class PlayerSelection { All, User1, User2, User3, User4, Tournament };
 // The frame "Sequence": optName, optAge, optClub, optGradeCode, optSchool, optCounty.
 enum class PlayerSequence { Name, Age, Club, GradeCode, School, County };
 
-// The frame "Tie break method": optSum, optPro, optSB, optNone.
-enum class TieBreakChoice { Sum, Pro, SB, None };
-
 // The frame "Order" of the cross table: optByPin, optByName, optByGrade, optByScore.
 enum class CrossTableOrder { ByPin, ByName, ByGrade, ByScore };
 
@@ -27,7 +26,8 @@ struct cPrintOptions
 {
     PlayerSelection Selection = PlayerSelection::All;
     PlayerSequence Sequence = PlayerSequence::Name;
-    TieBreakChoice TieBreak = TieBreakChoice::None;
+    // The frame "Tie break method": optSum, optPro, optSB, optNone.
+    TieBreakMode TieBreak = TieBreakMode::optNone;
     CrossTableOrder Order = CrossTableOrder::ByPin;
     RowNumbering Numbering = RowNumbering::Pin;
     // chkPlayerCodes: the cross table shows each entrant's BCF code.

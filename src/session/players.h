@@ -54,7 +54,15 @@ public:
     // Reads one entrant and adds it under its player id.
     std::shared_ptr<cPlayer> Load(const QString &tournId, const QString &playerId);
 
-    // Reports of the entrants (src/reports).
+    // Reports of the entrants (src/reports). Each composes its whole document through
+    // the print channel; the print dialog shows or prints it afterwards. Those that
+    // need an order sort the player array, and those that show figures recalculate
+    // them first for the round they show.
+    void ListPlayers(qint32 destination, const cPrintOptions &options);
+    void ListResults(qint32 destination, const cPrintOptions &options);
+    void ListCrossTable(qint32 destination, const cPrintOptions &options);
+    void ListPairingCards(qint32 destination, const cPrintOptions &options);
+    void ListWallChart(qint32 destination, const cPrintOptions &options);
     // The comma-separated export of the entrants in collection order, to the device
     // or to the options' destination file.
     void ListPlayersExport(QIODevice &device, const cExportOptions &options) const;
