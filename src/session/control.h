@@ -7,6 +7,9 @@
 class cMaster;
 class cBCFMaster;
 class cTournament;
+class QIODevice;
+struct cExportOptions;
+struct cPrintOptions;
 
 // The session root: the organiser's settings from table Cntrl and the records that
 // are current in the windows. Settings are kept as trimmed text.
@@ -52,6 +55,12 @@ public:
     // Writes the settings back. SurnameCase keeps its stored value: a change of it
     // holds for the session only.
     void Update();
+
+    // Reports of the register (src/reports): the name-and-address list, and the
+    // comma-separated export to the device or to the options' destination file.
+    void ListPlayers(qint32 destination, const cPrintOptions &options) const;
+    void ListPlayersExport(QIODevice &device, const cExportOptions &options) const;
+    void ListPlayersExport(const cExportOptions &options) const;
 
 private:
     std::shared_ptr<cMaster> master_;

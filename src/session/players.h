@@ -9,6 +9,9 @@
 
 class cMaster;
 class cPlayer;
+class QIODevice;
+struct cExportOptions;
+struct cPrintOptions;
 
 // The tie-break a report asks recalculation for: sum of opponents' scores,
 // progressive scores, Sonneborn-Berger, or none. A caller without a print dialog
@@ -50,6 +53,20 @@ public:
     void LoadAllPlayers();
     // Reads one entrant and adds it under its player id.
     std::shared_ptr<cPlayer> Load(const QString &tournId, const QString &playerId);
+
+    // Reports of the entrants (src/reports). Each composes its whole document through
+    // the print channel; the print dialog shows or prints it afterwards. Those that
+    // need an order sort the player array, and those that show figures recalculate
+    // them first for the round they show.
+    void ListPlayers(qint32 destination, const cPrintOptions &options);
+    void ListResults(qint32 destination, const cPrintOptions &options);
+    void ListCrossTable(qint32 destination, const cPrintOptions &options);
+    void ListPairingCards(qint32 destination, const cPrintOptions &options);
+    void ListWallChart(qint32 destination, const cPrintOptions &options);
+    // The comma-separated export of the entrants in collection order, to the device
+    // or to the options' destination file.
+    void ListPlayersExport(QIODevice &device, const cExportOptions &options) const;
+    void ListPlayersExport(const cExportOptions &options) const;
 
     // The entrant under the key. "" and "0" give none: that is how a game finds its
     // empty side. Any other unknown key is a fatal fault.

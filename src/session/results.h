@@ -7,6 +7,7 @@
 
 class cPlayer;
 class cResult;
+struct cPrintOptions;
 
 // The games of one tournament in memory, every round at once, in the order of adding,
 // with the spare empty rows that the entry grid offers. Spare rows live in memory
@@ -36,6 +37,8 @@ public:
     // Puts the top pairings of the round on the top boards, by the scores before the
     // round, with byes last; nothing is stored.
     void ReOrderBoards(qint16 round);
+    // The pairing list of the options' round, with the scores before it (src/reports).
+    void ListPairings(qint32 destination, const cPrintOptions &options) const;
     // How many blank rows a round is given: at least 5, and room for every entrant
     // not yet paired with 5 to spare.
     qint32 BlankRowCount(qint16 round) const;
