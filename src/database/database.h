@@ -112,6 +112,10 @@ public:
     static QString SettingsApplication();
 
 private:
+    // Clears a list table and copies the named file into it, as one unit of work;
+    // a copy that fails keeps the old list and tells the user why.
+    bool ReplaceList(const QString &fileName, const QString &what, void (cDatabase::*clear)(),
+                     bool (cDatabase::*copy)(const QString &, const QString &));
     void CreateCntrlTable();
     void CreateMasterTable();
     void CreateVelmoraTable();

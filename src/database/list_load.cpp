@@ -554,32 +554,31 @@ bool cDatabase::OutputClubTable(const QString &folder)
     return false;
 }
 
-bool cDatabase::LoadBCFMastList(const QString &fileName)
+bool cDatabase::ReplaceList(const QString &fileName, const QString &what,
+                            void (cDatabase::*clear)(),
+                            bool (cDatabase::*copy)(const QString &, const QString &))
 {
     QString folder;
     QString table;
     SplitFileName(fileName, &folder, &table);
     cTransaction unit;
-    ClearBCFMastList();
-    if (!CopyBCFMastList(folder, table)) {
-        TellLoadFault(QStringLiteral("The BCF Master List"), loadFaultText_);
+    (this->*clear)();
+    if (!(this->*copy)(folder, table)) {
+        TellLoadFault(what, loadFaultText_);
         return false;
     }
     unit.Commit();
     return true;
 }
 
+bool cDatabase::LoadBCFMastList(const QString &fileName)
+{
+    return ReplaceList(fileName, QStringLiteral("The BCF Master List"),
+                       &cDatabase::ClearBCFMastList, &cDatabase::CopyBCFMastList);
+}
+
 bool cDatabase::LoadClubTable(const QString &fileName)
 {
-    QString folder;
-    QString table;
-    SplitFileName(fileName, &folder, &table);
-    cTransaction unit;
-    ClearClubTable();
-    if (!CopyClubTable(folder, table)) {
-        TellLoadFault(QStringLiteral("The BCF Club List"), loadFaultText_);
-        return false;
-    }
-    unit.Commit();
-    return true;
+    return ReplaceList(fileName, QStringLiteral("The BCF Club List"), &cDatabase::ClearClubTable,
+                       &cDatabase::CopyClubTable);
 }

@@ -19,6 +19,15 @@ inline QStringList ComposedLines()
     return lines;
 }
 
+// The plain texts of the running lines, for checks of single rows.
+inline QStringList Texts()
+{
+    QStringList texts;
+    for (const mPrintCntrl::cRunningLine &line : mPrintCntrl::RunningLines())
+        texts.append(line.Text);
+    return texts;
+}
+
 inline QStringList ExpectedLines(const QString &name)
 {
     QFile file(QStringLiteral(VELMORA_TEST_DATA "/reports/") + name);

@@ -34,14 +34,6 @@ private:
 
 namespace {
 
-QStringList Texts()
-{
-    QStringList texts;
-    for (const mPrintCntrl::cRunningLine &line : mPrintCntrl::RunningLines())
-        texts.append(line.Text);
-    return texts;
-}
-
 QString RowOf(const QString &name)
 {
     for (const QString &text : Texts())

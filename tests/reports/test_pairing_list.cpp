@@ -31,14 +31,6 @@ private:
 
 namespace {
 
-QStringList Texts()
-{
-    QStringList texts;
-    for (const mPrintCntrl::cRunningLine &line : mPrintCntrl::RunningLines())
-        texts.append(line.Text);
-    return texts;
-}
-
 cPrintOptions ForRound(const QString &round)
 {
     cPrintOptions options;

@@ -33,14 +33,6 @@ private:
 
 namespace {
 
-QStringList Texts()
-{
-    QStringList texts;
-    for (const mPrintCntrl::cRunningLine &line : mPrintCntrl::RunningLines())
-        texts.append(line.Text);
-    return texts;
-}
-
 QStringList BoldTexts()
 {
     QStringList texts;

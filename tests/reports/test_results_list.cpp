@@ -30,14 +30,6 @@ private:
 
 namespace {
 
-QStringList Texts()
-{
-    QStringList texts;
-    for (const mPrintCntrl::cRunningLine &line : mPrintCntrl::RunningLines())
-        texts.append(line.Text);
-    return texts;
-}
-
 cPrintOptions WithTieBreak(TieBreakMode mode)
 {
     cPrintOptions options;
