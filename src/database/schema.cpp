@@ -141,10 +141,12 @@ QString ColumnClause(const FieldDefinition &field)
     case FieldType::Text: {
         // Text affinity turns any number into text before the check runs, so the
         // length alone keeps the field; a null has no length and passes.
-        const QString lowest = field.refusesEmpty ? QStringLiteral("1") : QStringLiteral("0");
+        QString check = QStringLiteral("length(") + name + QStringLiteral(") <= ") +
+                        QString::number(field.size);
+        if (field.refusesEmpty)
+            check += QStringLiteral(" AND ") + name + QStringLiteral(" <> ''");
         return name + QStringLiteral(" TEXT(") + QString::number(field.size) +
-               QStringLiteral(") CHECK (length(") + name + QStringLiteral(") BETWEEN ") + lowest +
-               QStringLiteral(" AND ") + QString::number(field.size) + u')';
+               QStringLiteral(") CHECK (") + check + u')';
     }
     case FieldType::Long:
         return name + QStringLiteral(" INTEGER CHECK (") + nullOr + QStringLiteral("(typeof(") +
