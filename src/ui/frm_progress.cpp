@@ -30,12 +30,17 @@ void frmProgress::Start(const QString &text, qint32 maximum)
     show();
     raise();
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    sinceRedraw_.start();
 }
 
 void frmProgress::Update(qint32 value)
 {
-    pnlProgress->setValue(qBound(pnlProgress->minimum(), value, pnlProgress->maximum()));
+    const int bounded = qBound(pnlProgress->minimum(), value, pnlProgress->maximum());
+    if (bounded != pnlProgress->maximum() && sinceRedraw_.isValid() && sinceRedraw_.elapsed() < 100)
+        return;
+    pnlProgress->setValue(bounded);
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    sinceRedraw_.start();
 }
 
 void frmProgress::Terminate()

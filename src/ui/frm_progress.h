@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 class QLabel;
 class QProgressBar;
@@ -19,4 +20,9 @@ public:
 
     QLabel *lblMsg;
     QProgressBar *pnlProgress;
+
+private:
+    // A pass over a grading list updates a hundred thousand times; the window is
+    // redrawn a few times a second, which is all that an eye can follow.
+    QElapsedTimer sinceRedraw_;
 };

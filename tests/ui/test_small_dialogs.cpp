@@ -42,8 +42,14 @@ void TestSmallDialogs::progressShowsTextAndValueAndCloses()
     QVERIFY(window.isVisible());
     QCOMPARE(window.lblMsg->text(), QStringLiteral("Sorting players for: Results"));
     QCOMPARE(window.pnlProgress->value(), 0);
+    QTest::qWait(120);
     Progress::Update(25);
     QCOMPARE(window.pnlProgress->value(), 25);
+    // Updates that follow at once wait for the next redraw, but the last one shows.
+    Progress::Update(30);
+    QCOMPARE(window.pnlProgress->value(), 25);
+    Progress::Update(40);
+    QCOMPARE(window.pnlProgress->value(), 40);
     Progress::Terminate();
     QVERIFY(!window.isVisible());
     InstallInteraction(nullptr);
