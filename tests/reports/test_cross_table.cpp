@@ -147,6 +147,17 @@ void TestCrossTable::thirtyEntrantsHaveALineAheadOfRowsElevenAndTwentyOne()
     QCOMPARE(texts.at(first + 21), u" "_s);
     QCOMPARE(texts.at(first + 32), QString());
     QVERIFY(texts.at(first + 33).startsWith(u"Index: A"_s));
+
+    // By score the groups of equal score stand apart instead; one group runs on unbroken.
+    options.Order = CrossTableOrder::ByScore;
+    Control().Tournament()->Players().ListCrossTable(mPrintCntrl::Destination::Preview, options);
+    const QStringList byScore = Texts();
+    const qsizetype top = byScore.indexOf(texts.at(first));
+    QVERIFY(top > 0);
+    for (int row = 1; row <= 30; ++row)
+        QVERIFY2(byScore.at(top + row - 1).startsWith(QString::number(row).rightJustified(3)),
+                 qPrintable(QString::number(row)));
+    QCOMPARE(byScore.at(top + 30), QString());
 }
 
 void TestCrossTable::noRoundsLeaveNoRoundColumnsAndNoCells()

@@ -81,13 +81,19 @@ void TestPairingCards::oneCardAPageInPinOrderOnALandscapeCard()
 void TestPairingCards::onlyPinNameAndGradeAreLarge()
 {
     PrintCards();
-    for (int page = 1; page <= 9; ++page)
+    for (int page = 1; page <= 9; ++page) {
+        QList<qint32> largeColumns;
         for (const cPageText &text : mPrintCntrl::Document().Page(page).Texts) {
             if (text.Text.isEmpty())
                 continue;
             const bool large = text.Y == 100;
             QCOMPARE(text.FontHeight, large ? 160 : 80);
+            if (large)
+                largeColumns.append(text.X);
         }
+        // The pin, the name and the grade, and nothing else.
+        QCOMPARE(largeColumns, QList<qint32>({50, 300, 1150}));
+    }
     QCOMPARE(TextAt(2, 50, 855)->Text, u"Open"_s);
 }
 

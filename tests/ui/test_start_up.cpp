@@ -7,6 +7,7 @@
 #include "session/settings_store.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "ui/frm_about.h"
 #include "ui/frm_main.h"
 #include "ui/frm_new_db.h"
 #include "ui/start_up.h"
@@ -91,6 +92,14 @@ void WhenNewDbShows(std::function<void(frmNewDb *)> action, bool *shown)
     poll->start();
 }
 
+frmSplash *VisibleSplash()
+{
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (auto *splash = qobject_cast<frmSplash *>(widget); splash && splash->isVisible())
+            return splash;
+    return nullptr;
+}
+
 QStringList FilesIn(const QString &folder)
 {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -146,7 +155,13 @@ void TestStartUp::cleanup()
 void TestStartUp::firstRunLeftByExitEndsAndLeavesNoFile()
 {
     bool shown = false;
-    WhenNewDbShows([](frmNewDb *dialog) { dialog->cmdExit->click(); }, &shown);
+    bool splashBehind = false;
+    WhenNewDbShows(
+        [&splashBehind](frmNewDb *dialog) {
+            splashBehind = VisibleSplash() != nullptr;
+            dialog->cmdExit->click();
+        },
+        &shown);
     {
         cStartUp startUp;
         QVERIFY(!startUp.Main());
@@ -154,6 +169,9 @@ void TestStartUp::firstRunLeftByExitEndsAndLeavesNoFile()
         QVERIFY(!startUp.MainWindow());
     }
     QVERIFY(shown);
+    // The dialog came up over the splash window, and leaving it took the splash away too.
+    QVERIFY(splashBehind);
+    QVERIFY(!VisibleSplash());
     QVERIFY(FilesIn(folder_->path() + QStringLiteral("/data")).isEmpty());
     QCOMPARE(BusyCount(), qint16(0));
 }
