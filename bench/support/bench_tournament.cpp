@@ -18,10 +18,7 @@ void OpenFreshDatabase(const QString &dataDir)
     CreateSessionObjects();
     Database().setDataDir(QDir::toNativeSeparators(dataDir));
     Database().Create();
-    Database().OpenDb();
-    Control().Load(QStringLiteral("Version"));
-    Database().CheckVersion();
-    Control().Load(QStringLiteral("All"));
+    OpenSessionDatabase();
 }
 
 QString BuildBenchTournament(int entrants, int rounds)

@@ -119,6 +119,15 @@ QString NumberTextOf(const QVariant &value)
 {
     if (value.isNull())
         return QString();
+    // Whole numbers, most of what the tables hold, need no floating-point trip.
+    switch (value.typeId()) {
+    case QMetaType::LongLong:
+    case QMetaType::Int:
+    case QMetaType::Long:
+        return QString::number(value.toLongLong());
+    default:
+        break;
+    }
     bool ok = false;
     const double number = value.toDouble(&ok);
     return ok ? NumberText(number) : value.toString();

@@ -43,3 +43,11 @@ bool SessionObjectsExist()
 {
     return theControl && theDatabase;
 }
+
+void OpenSessionDatabase()
+{
+    Database().OpenDb();
+    Control().Load(QStringLiteral("Version"));
+    Database().CheckVersion();
+    Control().Load(QStringLiteral("All"));
+}

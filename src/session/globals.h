@@ -11,3 +11,8 @@ cDatabase &Database();
 void CreateSessionObjects();
 void DestroySessionObjects();
 bool SessionObjectsExist();
+
+// Opens the data file, brings it up to the present version and reads the settings:
+// what every start does once a database exists. The version is read on its own first
+// because SurnameCase only exists after the upgrade.
+void OpenSessionDatabase();

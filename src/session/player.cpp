@@ -407,18 +407,18 @@ void cPlayer::Load(const QString &tournId, const QString &playerId, const QStrin
 
 void cPlayer::LoadFromRow(const QSqlQuery &row, const cPlayerColumns &columns)
 {
-    tournId_ = StoredNumberText(row.value(columns.tId));
-    playerId_ = StoredNumberText(row.value(columns.pId));
-    masterId_ = StoredNumberText(row.value(columns.masterId));
-    pin_ = StoredNumberText(row.value(columns.pin));
+    tournId_ = NumberTextOf(row.value(columns.tId));
+    playerId_ = NumberTextOf(row.value(columns.pId));
+    masterId_ = NumberTextOf(row.value(columns.masterId));
+    pin_ = NumberTextOf(row.value(columns.pin));
     forename_ = TextOf(row.value(columns.forename));
     surname_ = TextOf(row.value(columns.surname));
     bcfCode_ = TextOf(row.value(columns.code));
-    longPlay_ = StoredNumberText(row.value(columns.grade));
+    longPlay_ = NumberTextOf(row.value(columns.grade));
     longPlayLett_ = TextOf(row.value(columns.gLett));
-    rapidPlay_ = StoredNumberText(row.value(columns.rGrade));
+    rapidPlay_ = NumberTextOf(row.value(columns.rGrade));
     rapidPlayLett_ = TextOf(row.value(columns.rLett));
-    fide_ = StoredNumberText(row.value(columns.elo));
+    fide_ = NumberTextOf(row.value(columns.elo));
     const QVariant dob = row.value(columns.dob);
     dob_ = DisplayDateOf(dob);
     club_ = TextOf(row.value(columns.club));
@@ -426,16 +426,16 @@ void cPlayer::LoadFromRow(const QSqlQuery &row, const cPlayerColumns &columns)
     clubName_ = TextOf(row.value(columns.clubName));
     school_ = TextOf(row.value(columns.school));
     gmTitle_ = TextOf(row.value(columns.gmTitle));
-    score_ = StoredNumberText(row.value(columns.score));
-    tieBreak_ = StoredNumberText(row.value(columns.aCount));
-    games_ = StoredNumberText(row.value(columns.numGames));
-    gPoints_ = StoredNumberText(row.value(columns.gPoints));
-    place_ = StoredNumberText(row.value(columns.place));
+    score_ = NumberTextOf(row.value(columns.score));
+    tieBreak_ = NumberTextOf(row.value(columns.aCount));
+    games_ = NumberTextOf(row.value(columns.numGames));
+    gPoints_ = NumberTextOf(row.value(columns.gPoints));
+    place_ = NumberTextOf(row.value(columns.place));
     withdrawn_ = row.value(columns.withdrawn).toInt() != 0;
     age_.clear();
     if (!dob.isNull()) {
         const QVariant age = row.value(columns.age);
-        age_ = age.isNull() ? AgeAtDate(Control().AgeDate(), dob_) : StoredNumberText(age);
+        age_ = age.isNull() ? AgeAtDate(Control().AgeDate(), dob_) : NumberTextOf(age);
     }
 }
 

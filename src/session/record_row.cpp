@@ -37,21 +37,6 @@ QVariant RoundedWholeOrNull(const QString &text)
     return QVariant(static_cast<qint64>(std::nearbyint(NumericValue(text))));
 }
 
-QString StoredNumberText(const QVariant &value)
-{
-    switch (value.typeId()) {
-    case QMetaType::LongLong:
-    case QMetaType::Int:
-    case QMetaType::Long:
-        if (!value.isNull())
-            return QString::number(value.toLongLong());
-        break;
-    default:
-        break;
-    }
-    return NumberTextOf(value);
-}
-
 void InsertRow(const QString &table, const cFieldValues &fields)
 {
     QString names;

@@ -24,10 +24,6 @@ QVariant FlagValue(bool flag);
 // whole-number field (halves to the even neighbour); "" gives null.
 QVariant RoundedWholeOrNull(const QString &text);
 
-// A stored number as record text, as NumberTextOf gives it; whole numbers, which are
-// most of what the tables hold, skip the floating-point conversion.
-QString StoredNumberText(const QVariant &value);
-
 // Adds one row to the table.
 void InsertRow(const QString &table, const cFieldValues &fields);
 // Writes the fields over the first row that the condition finds. A row that is not

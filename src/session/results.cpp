@@ -53,10 +53,10 @@ void cResults::LoadAllResults()
     // CountForRound would give before any spare row is added.
     QHash<double, qint32> gamesOfRound;
     while (rows.next()) {
-        const std::shared_ptr<cPlayer> white = players.item(StoredNumberText(rows.value(2)));
-        const std::shared_ptr<cPlayer> black = players.item(StoredNumberText(rows.value(3)));
-        const auto entry = Add(StoredNumberText(rows.value(0)), StoredNumberText(rows.value(1)),
-                               white, black, TextOf(rows.value(4)));
+        const std::shared_ptr<cPlayer> white = players.item(NumberTextOf(rows.value(2)));
+        const std::shared_ptr<cPlayer> black = players.item(NumberTextOf(rows.value(3)));
+        const auto entry = Add(NumberTextOf(rows.value(0)), NumberTextOf(rows.value(1)), white,
+                               black, TextOf(rows.value(4)));
         ++gamesOfRound[NumericValue(entry->Round())];
     }
     const qint64 rounds = WholeValue(tournament.Rounds());

@@ -223,10 +223,8 @@ void frmMain::mnuFileDBRestore_Click()
     if (!Database().RestoreDb())
         return;
     cBusySection busy;
-    // The settings and the records on screen are those of the file now in place; an
-    // open tournament may not exist in it.
-    Control().Load(QStringLiteral("Version"));
-    Database().CheckVersion();
+    // The restore has reopened and upgraded the file now in place; its settings and
+    // records are what the screen shows, and an open tournament may not exist in it.
     Control().Load(QStringLiteral("All"));
     Control().setTournament(nullptr);
     ShowMasterView();

@@ -131,10 +131,7 @@ bool cStartUp::RunSequence()
         }
     }
 
-    Database().OpenDb();
-    Control().Load(QStringLiteral("Version"));
-    Database().CheckVersion();
-    Control().Load(QStringLiteral("All"));
+    OpenSessionDatabase();
 
     mainWindow_ = std::make_unique<frmMain>();
     QApplication::processEvents();

@@ -1,5 +1,7 @@
 #include "support/test_environment.h"
 
+#include "support/isolated_environment.h"
+
 #include "database/database.h"
 #include "session/control.h"
 #include "session/globals.h"
@@ -8,24 +10,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
-
-#include <cstdlib>
 
 void PrepareIsolatedEnvironment()
 {
     static QTemporaryDir home;
-    const QByteArray root = home.path().toLocal8Bit();
-    for (const char *folder : {"/home", "/config", "/data", "/cache", "/runtime"})
-        QDir().mkpath(home.path() + QString::fromLatin1(folder));
-    setenv("HOME", QByteArray(root + "/home").constData(), 1);
-    setenv("XDG_CONFIG_HOME", QByteArray(root + "/config").constData(), 1);
-    setenv("XDG_DATA_HOME", QByteArray(root + "/data").constData(), 1);
-    setenv("XDG_CACHE_HOME", QByteArray(root + "/cache").constData(), 1);
-    setenv("XDG_RUNTIME_DIR", QByteArray(root + "/runtime").constData(), 1);
-    QFile::setPermissions(home.path() + QStringLiteral("/runtime"),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QStandardPaths::setTestModeEnabled(true);
+    IsolateEnvironment(home.path());
 }
 
 cTestSession::cTestSession(Start start)
@@ -34,10 +23,7 @@ cTestSession::cTestSession(Start start)
     Database().setDataDir(QDir::toNativeSeparators(folder_.path()));
     if (start == Start::NewDatabase) {
         Database().Create();
-        Database().OpenDb();
-        Control().Load(QStringLiteral("Version"));
-        Database().CheckVersion();
-        Control().Load(QStringLiteral("All"));
+        OpenSessionDatabase();
     }
 }
 
