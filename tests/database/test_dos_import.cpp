@@ -13,21 +13,9 @@
 
 namespace {
 
-const char *const DosTables[] = {"Master.dbf", "Velmora.dbf", "Players.dbf", "Result.dbf",
-                                 "Club.dbf"};
-
 QString CopyDosFolder(const QTemporaryDir &folder)
 {
-    for (const char *table : DosTables)
-        if (CopySharedFile(QStringLiteral("dos/") + QString::fromLatin1(table), folder.path())
-                .isEmpty())
-            return QString();
-    return folder.path();
-}
-
-qint64 Count(const QString &table)
-{
-    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
+    return CopySharedDosFolder(folder.path()) ? folder.path() : QString();
 }
 
 QVariant Value(const QString &statement, const QVariantList &values = {})
@@ -70,11 +58,11 @@ private slots:
         QVERIFY(Database().Copy(dos.path()));
         QCOMPARE(seam.Count(QStringLiteral("message|")), 0);
         // Three Master_Id values and one P_Id are not numbers.
-        QCOMPARE(Count(QStringLiteral("Master")), 297);
-        QCOMPARE(Count(QStringLiteral("Velmora")), 6);
-        QCOMPARE(Count(QStringLiteral("Player")), 106);
-        QCOMPARE(Count(QStringLiteral("Result")), 302);
-        QCOMPARE(Count(QStringLiteral("Club")), 5);
+        QCOMPARE(RowCount(QStringLiteral("Master")), 297);
+        QCOMPARE(RowCount(QStringLiteral("Velmora")), 6);
+        QCOMPARE(RowCount(QStringLiteral("Player")), 106);
+        QCOMPARE(RowCount(QStringLiteral("Result")), 302);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 5);
         QCOMPARE(
             seam.CallsStartingWith(QStringLiteral("progress-start")),
             QStringList(
@@ -154,7 +142,7 @@ private slots:
         QTemporaryDir dos;
         QVERIFY(!CopyDosFolder(dos).isEmpty());
         QVERIFY(Database().CopyPlayerTable(dos.path()));
-        QCOMPARE(Count(QStringLiteral("Player")), 106);
+        QCOMPARE(RowCount(QStringLiteral("Player")), 106);
         QCOMPARE(Value(QStringLiteral("SELECT count(*) FROM Player WHERE MasterId = 5 AND TId = 2"))
                      .toInt(),
                  0);
@@ -243,7 +231,7 @@ private slots:
         QVERIFY(result.resize(result.size() - 1000));
         QVERIFY(!Database().Copy(dos.path()));
         for (const char *table : {"Master", "Velmora", "Player", "Result", "Club"})
-            QCOMPARE(Count(QString::fromLatin1(table)), 0);
+            QCOMPARE(RowCount(QString::fromLatin1(table)), 0);
         // The reason is kept for the one message that the start-up gives.
         QVERIFY(seam.CallsStartingWith(QStringLiteral("message|")).isEmpty());
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("could not be imported")));
@@ -263,8 +251,8 @@ private slots:
         QVERIFY(!Database().Copy(dos.path()));
         QVERIFY(Database().LoadFaultText().contains(
             QStringLiteral("Def_Grade \"ABC\" is not a number")));
-        QCOMPARE(Count(QStringLiteral("Master")), 0);
-        QCOMPARE(Count(QStringLiteral("Velmora")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Master")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Velmora")), 0);
     }
 
     void refusesAFolderWithoutAField()
@@ -280,7 +268,7 @@ private slots:
         QVERIFY(!Database().Copy(dos.path()));
         QVERIFY(
             Database().LoadFaultText().contains(QStringLiteral("lacks the fields Black, Result")));
-        QCOMPARE(Count(QStringLiteral("Player")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Player")), 0);
     }
 
     void copiesTheBaseCopyOfClubsWithoutASource()
@@ -293,8 +281,8 @@ private slots:
         base.write("\"WORT\",\"Worthing\",\"SUSX\",\"SCCU\"\n");
         base.close();
         QVERIFY(Database().Copy(QString()));
-        QCOMPARE(Count(QStringLiteral("Club")), 1);
-        QCOMPARE(Count(QStringLiteral("Master")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 1);
+        QCOMPARE(RowCount(QStringLiteral("Master")), 0);
         QCOMPARE(Value(QStringLiteral("SELECT Club FROM Club")).toString(),
                  QStringLiteral("Worthing"));
     }
@@ -311,7 +299,7 @@ private slots:
         QTemporaryDir dos;
         QVERIFY(!CopyDosFolder(dos).isEmpty());
         QVERIFY(Database().Copy(dos.path()));
-        QCOMPARE(Count(QStringLiteral("Club")), 5);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 5);
         QCOMPARE(Value(QStringLiteral("SELECT count(*) FROM Club WHERE Code = 'WORT'")).toInt(), 0);
         QCOMPARE(Value(QStringLiteral("SELECT Club FROM Club WHERE Code = 'HAST'")).toString(),
                  QStringLiteral("Hastings"));

@@ -40,11 +40,6 @@ bool IsEmptyText(const QVariant &value)
     return !value.isNull() && value.toString().isEmpty();
 }
 
-qint64 Count(const QString &table)
-{
-    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
-}
-
 QVariant ListValue(const QString &field, const QString &ref)
 {
     return SqlScalar(QStringLiteral("SELECT \"") + field +
@@ -109,7 +104,7 @@ private slots:
         QVERIFY2(Database().CopyBCFMastList(session.Path({}), QStringLiteral("Players.dbf")),
                  qPrintable(Database().LoadFaultText()));
         // Three of the 2,000 references are purely numeric.
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
         QVERIFY(!Database().BCFMasterIsEmpty());
         QCOMPARE(seam.CallsStartingWith(QStringLiteral("progress-start")),
                  QStringList{QStringLiteral("progress-start|Copying the BCF Master List|2000")});
@@ -160,7 +155,7 @@ private slots:
         writer.AddRow(ListRow("", "No Reference", "150", "A"));
         QVERIFY(writer.Save(session.Path(QStringLiteral("Players.dbf"))));
         QVERIFY(Database().CopyBCFMastList(session.Path({}), QStringLiteral("Players")));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1);
         QCOMPARE(SqlScalar(QStringLiteral("SELECT Ref FROM BCFMast")).toString(),
                  QStringLiteral("123456A"));
     }
@@ -194,11 +189,11 @@ private slots:
         QVERIFY(!CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}))
                      .isEmpty());
         QVERIFY(Database().CopyBCFMastList(session.Path({}), QStringLiteral("Players.dbf")));
-        const qint64 withExtension = Count(QStringLiteral("BCFMast"));
+        const qint64 withExtension = RowCount(QStringLiteral("BCFMast"));
         Database().ClearBCFMastList();
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
         QVERIFY(Database().CopyBCFMastList(session.Path({}), QStringLiteral("Players")));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), withExtension);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), withExtension);
         QCOMPARE(withExtension, 1997);
     }
 
@@ -229,7 +224,7 @@ private slots:
                  qPrintable(Database().LoadFaultText()));
         QVERIFY(
             Database().LoadFaultText().contains(QStringLiteral("Grade \"1x\" is not a number")));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
 
         cDbaseWriter good(fields);
         good.AddRow({"7000A",      "Typed Otherwise",
@@ -282,7 +277,7 @@ private slots:
         QVERIFY(!CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}))
                      .isEmpty());
         QVERIFY(Database().LoadBCFMastList(session.Path(QStringLiteral("Players.dbf"))));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
 
         cDbaseWriter writer(GradingListFields());
         for (int row = 0; row < 50; ++row)
@@ -294,7 +289,7 @@ private slots:
 
         seam.Clear();
         QVERIFY(!Database().LoadBCFMastList(session.Path(QStringLiteral("Cut.dbf"))));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
         QCOMPARE(ListValue(QStringLiteral("Name"), QStringLiteral("100000E")).toString(),
                  QStringLiteral("Smith-Jones, Helen"));
         QVERIFY(IndexExists(QStringLiteral("BCFMastIndex")));
@@ -320,7 +315,7 @@ private slots:
         QVERIFY(writer.Save(session.Path(QStringLiteral("Short.dbf"))));
         QVERIFY(!Database().LoadBCFMastList(session.Path(QStringLiteral("Short.dbf"))));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("has no field FIDECode")));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
         QCOMPARE(seam.Count(QStringLiteral("message|")), 1);
     }
 
@@ -341,7 +336,7 @@ private slots:
         QVERIFY2(Database().LoadFaultText().contains(QStringLiteral("Row 2 of")),
                  qPrintable(Database().LoadFaultText()));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("longer than 26 characters")));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
         QVERIFY(ListValue(QStringLiteral("Name"), QStringLiteral("5000A")).isNull());
     }
 
@@ -385,7 +380,7 @@ private slots:
         Database().OpenDb();
         QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),
                  QStringLiteral("ok"));
-        QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
         QCOMPARE(
             SqlScalar(QStringLiteral("SELECT count(*) FROM BCFMast WHERE Name = 'Killed Load'"))
                 .toInt(),
@@ -402,7 +397,7 @@ private slots:
         QVERIFY(
             !CopySharedFile(QStringLiteral("grading-list/clubs.dbf"), session.Path({})).isEmpty());
         QVERIFY(Database().LoadClubTable(session.Path(QStringLiteral("clubs.dbf"))));
-        QCOMPARE(Count(QStringLiteral("Club")), 600);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 600);
         QCOMPARE(seam.CallsStartingWith(QStringLiteral("progress-start")),
                  QStringList{QStringLiteral(
                      "progress-start|Copying the Club table from the Velmora DOS database|600")});
@@ -448,7 +443,7 @@ private slots:
         base.close();
         QVERIFY2(Database().CopyClubTable(QString(), QStringLiteral("Club")),
                  qPrintable(Database().LoadFaultText()));
-        QCOMPARE(Count(QStringLiteral("Club")), 2);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 2);
         QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'HAST'")).toString(),
                  QStringLiteral("Hastings, St Leonards"));
         QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'BRIS'")).toString(),
@@ -474,14 +469,14 @@ private slots:
         QVERIFY(Database().LoadClubTable(session.Path(QStringLiteral("clubs.dbf"))));
         QVERIFY(!Database().CopyClubTable(QString(), QStringLiteral("Club")));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("Line 2 of")));
-        QCOMPARE(Count(QStringLiteral("Club")), 600);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 600);
         QVERIFY(!Database().CopyClubTable(session.Path(QStringLiteral("nowhere")),
                                           QStringLiteral("Club")));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("cannot be found")));
         QFile::remove(session.Path(QStringLiteral("club.txt")));
         QVERIFY(!Database().CopyClubTable(QString(), QStringLiteral("Club")));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("base copy")));
-        QCOMPARE(Count(QStringLiteral("Club")), 600);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 600);
     }
 
     void writesTheBaseCopyThatItReads()
@@ -498,7 +493,7 @@ private slots:
         QVERIFY(text.startsWith("\"HAST\",\"Hastings\",\"SUSX\",\"SCCU\"\r\n"));
         QCOMPARE(text.count('\n'), 5);
         QVERIFY(Database().CopyClubTable(QString(), QStringLiteral("Club")));
-        QCOMPARE(Count(QStringLiteral("Club")), 5);
+        QCOMPARE(RowCount(QStringLiteral("Club")), 5);
         QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'BRIS'")).toString(),
                  QStringLiteral("Bristol"));
     }

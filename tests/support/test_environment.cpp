@@ -3,6 +3,7 @@
 #include "support/isolated_environment.h"
 
 #include "database/database.h"
+#include "database/sql.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/user_interaction.h"
@@ -52,4 +53,18 @@ QString CopySharedFile(const QString &relativePath, const QString &folder)
         return QString();
     QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner);
     return target;
+}
+
+bool CopySharedDosFolder(const QString &folder)
+{
+    QDir().mkpath(folder);
+    for (const char *table : {"Master.dbf", "Velmora.dbf", "Players.dbf", "Result.dbf", "Club.dbf"})
+        if (CopySharedFile(QStringLiteral("dos/") + QString::fromLatin1(table), folder).isEmpty())
+            return false;
+    return true;
+}
+
+qint64 RowCount(const QString &table)
+{
+    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
 }

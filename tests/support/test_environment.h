@@ -27,6 +27,10 @@ private:
 
 // Copies a file from the shared sample data into folder, writable.
 QString CopySharedFile(const QString &relativePath, const QString &folder);
+// Copies the sample DOS data folder (its five tables) into folder; false on failure.
+bool CopySharedDosFolder(const QString &folder);
+// The number of rows of a table of the open database.
+qint64 RowCount(const QString &table);
 
 // Declares main() for a Qt Test class, after isolating the environment. Logic tests
 // run under QGuiApplication (fonts and page layouts need it), window tests under

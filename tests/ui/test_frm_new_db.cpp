@@ -2,6 +2,7 @@
 #include "session/globals.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "support/widget_driving.h"
 #include "ui/frm_new_db.h"
 
 #include <QApplication>
@@ -30,10 +31,7 @@ QStringList Texts(const QWidget &window)
 
 void TypeIntoBox(frmNewDb &dialog, const QString &text)
 {
-    dialog.txtSelectDb->selectAll();
-    QTest::keyClick(dialog.txtSelectDb, Qt::Key_Delete);
-    if (!text.isEmpty())
-        QTest::keyClicks(dialog.txtSelectDb, text);
+    ReplaceText(dialog.txtSelectDb, text);
 }
 
 // Works in another current folder for the length of a scope.
@@ -51,13 +49,6 @@ private:
     QString old_;
     bool changed_ = false;
 };
-
-void ShowActive(QWidget &window)
-{
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include "session/globals.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "support/widget_driving.h"
 #include "ui/frm_options.h"
 
 #include <QApplication>
@@ -14,20 +15,11 @@
 
 namespace {
 
-void ShowAndActivate(QWidget &window)
-{
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
 void TypeInto(QLineEdit *field, const QString &text)
 {
     field->setFocus();
     QTRY_VERIFY(field->hasFocus());
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
+    ReplaceText(field, text);
 }
 
 void Leave(QWidget *field)
@@ -85,7 +77,7 @@ void TestFrmOptions::dateThatIsNotADateIsRefusedWithBeepAndFocusStays()
     cTestSession session;
     cScriptedInteraction seam;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     TypeInto(options.txtAgeDate, QStringLiteral("31/02/2026"));
     Leave(options.txtAgeDate);
     QTRY_VERIFY(options.txtAgeDate->hasFocus());
@@ -98,7 +90,7 @@ void TestFrmOptions::acceptedDateIsReformatted()
     cTestSession session;
     cScriptedInteraction seam;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     TypeInto(options.txtAgeDate, QStringLiteral("1/9/26"));
     Leave(options.txtAgeDate);
     QCOMPARE(options.txtAgeDate->text(), QStringLiteral("01/09/2026"));
@@ -110,7 +102,7 @@ void TestFrmOptions::gradeLettersAreUpperCasedOnLeaving()
 {
     cTestSession session;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     TypeInto(options.txtBCFGradeChars, QStringLiteral("abc*"));
     Leave(options.txtBCFGradeChars);
     QCOMPARE(options.txtBCFGradeChars->text(), QStringLiteral("ABC*"));
@@ -120,7 +112,7 @@ void TestFrmOptions::focusShowsHelpTextInStatusBar()
 {
     cTestSession session;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     options.txtMaxDisplayAge->setFocus();
     QTRY_COMPARE(options.sbMsg->currentMessage(),
                  QStringLiteral("Enter the maximum age to be displayed"));
@@ -134,7 +126,7 @@ void TestFrmOptions::okWritesEverySettingAndGradeLettersGetTheirBlank()
 {
     cTestSession session;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     TypeInto(options.txtAgeDate, QStringLiteral("31/08/2026"));
     TypeInto(options.txtMaxJuniorAge, QStringLiteral("18"));
     TypeInto(options.txtBCFGradeChars, QStringLiteral("abc"));
@@ -162,7 +154,7 @@ void TestFrmOptions::okIsRefusedWhileTheDateIsBad()
     cTestSession session;
     cScriptedInteraction seam;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     options.txtAgeDate->setText(QStringLiteral("not a date"));
     options.cmdOk->click();
     QVERIFY(options.Cancelled);
@@ -232,7 +224,7 @@ void TestFrmOptions::closingTheWindowCancels()
 {
     cTestSession session;
     frmOptions options;
-    ShowAndActivate(options);
+    ShowActive(options);
     options.txtUD1->setText(QStringLiteral("Changed"));
     options.close();
     QVERIFY(options.Cancelled);

@@ -4,6 +4,7 @@
 #include "session/globals.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "support/widget_driving.h"
 #include "ui/commands.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
@@ -24,47 +25,6 @@
 #include <functional>
 
 namespace {
-
-// Acts on a modal dialog of the given kind once the command under test has put it
-// on screen. handled tells that it came and that the action closed it; a dialog that
-// the action leaves open is closed here, so that a failing test ends.
-template <typename Dialog> void WhenShows(std::function<void(Dialog *)> action, bool *handled)
-{
-    auto *poll = new QTimer(qApp);
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, [poll, action, handled] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->stop();
-        poll->deleteLater();
-        const bool shown = dialog->isVisible();
-        action(dialog);
-        *handled = shown && !dialog->isVisible();
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    poll->start();
-}
-
-void TypeInto(QLineEdit *field, const QString &text)
-{
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
-}
-
-void ShowActive(QWidget &window)
-{
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-}
-
-qint64 Count(const QString &table)
-{
-    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
-}
 
 void InsertOldLists()
 {
@@ -152,12 +112,12 @@ void TestLoadLists::cancellingTheGradingListDialogLeavesTheListUntouched()
     QAction *match = AddMatchCommand(window);
     window.show();
     bool shown = false;
-    WhenShows<frmLoadBCFList>(
+    WhenModalShows<frmLoadBCFList>(
         [](frmLoadBCFList *dialog) { QTest::mouseClick(dialog->cmdCancel, Qt::LeftButton); },
-        &shown);
+        nullptr, &shown);
     window.mnuLoadBCFMasterList->trigger();
     QVERIFY(shown);
-    QCOMPARE(Count(QStringLiteral("BCFMast")), 2);
+    QCOMPARE(RowCount(QStringLiteral("BCFMast")), 2);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT Name FROM BCFMast WHERE Ref = '111111A'")).toString(),
              QStringLiteral("Old, Ann"));
     QCOMPARE(seam_->Count(QStringLiteral("progress-start|")), 0);
@@ -172,11 +132,11 @@ void TestLoadLists::escapeOnTheClubListDialogLeavesTheClubsUntouched()
     frmMain window;
     window.show();
     bool shown = false;
-    WhenShows<frmLoadClubList>(
-        [](frmLoadClubList *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }, &shown);
+    WhenModalShows<frmLoadClubList>(
+        [](frmLoadClubList *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); }, nullptr, &shown);
     window.mnuLoadClubList->trigger();
     QVERIFY(shown);
-    QCOMPARE(Count(QStringLiteral("Club")), 1);
+    QCOMPARE(RowCount(QStringLiteral("Club")), 1);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club")).toString(),
              QStringLiteral("Old Club"));
     QCOMPARE(seam_->Count(QStringLiteral("progress-start|")), 0);
@@ -194,20 +154,20 @@ void TestLoadLists::gradingListChosenByBrowseReplacesTheListAndEnablesMatching()
     seam_->QueueFile(list);
     bool shown = false;
     QString inBox;
-    WhenShows<frmLoadBCFList>(
+    WhenModalShows<frmLoadBCFList>(
         [&inBox](frmLoadBCFList *dialog) {
             QTest::mouseClick(dialog->cmdBrowse, Qt::LeftButton);
             inBox = dialog->txtSelectDb->text();
             QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
         },
-        &shown);
+        nullptr, &shown);
     window.mnuLoadBCFMasterList->trigger();
     QVERIFY(shown);
     QCOMPARE(inBox, list);
     const QStringList requests = seam_->CallsStartingWith(QStringLiteral("open-file|"));
     QCOMPARE(requests, QStringList{QStringLiteral("open-file|Open||Players.dbf||1|dbf")});
     // Numeric references are not players of the list.
-    QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+    QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("progress-start|")),
              QStringList{QStringLiteral("progress-start|Copying the BCF Master List|2000")});
     QCOMPARE(seam_->Count(QStringLiteral("message|")), 0);
@@ -224,23 +184,23 @@ void TestLoadLists::clubListChosenByBrowseReplacesTheClubs()
     window.show();
     seam_->QueueFile(list);
     bool shown = false;
-    WhenShows<frmLoadClubList>(
+    WhenModalShows<frmLoadClubList>(
         [](frmLoadClubList *dialog) {
             QTest::mouseClick(dialog->cmdBrowse, Qt::LeftButton);
             // Back into the box and Enter, which is OK.
             QTest::keyClick(dialog->cmdBrowse, Qt::Key_Backtab);
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         },
-        &shown);
+        nullptr, &shown);
     window.mnuLoadClubList->trigger();
     QVERIFY(shown);
-    QCOMPARE(Count(QStringLiteral("Club")), 600);
+    QCOMPARE(RowCount(QStringLiteral("Club")), 600);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Club WHERE Code = 'OLD'")).toInt(), 0);
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("progress-start|")),
              QStringList{QStringLiteral(
                  "progress-start|Copying the Club table from the Velmora DOS database|600")});
     // The grading list is not touched by a load of the clubs.
-    QCOMPARE(Count(QStringLiteral("BCFMast")), 2);
+    QCOMPARE(RowCount(QStringLiteral("BCFMast")), 2);
     QCOMPARE(BusyCount(), qint16(0));
 }
 
@@ -251,15 +211,15 @@ void TestLoadLists::typedTableNameWithoutExtensionLoadsTheSameList()
     window.show();
     const QString typed = folder_->path() + QStringLiteral("/Players");
     bool shown = false;
-    WhenShows<frmLoadBCFList>(
+    WhenModalShows<frmLoadBCFList>(
         [typed](frmLoadBCFList *dialog) {
-            TypeInto(dialog->txtSelectDb, typed);
+            ReplaceText(dialog->txtSelectDb, typed);
             QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
         },
-        &shown);
+        nullptr, &shown);
     window.mnuLoadBCFMasterList->trigger();
     QVERIFY(shown);
-    QCOMPARE(Count(QStringLiteral("BCFMast")), 1997);
+    QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
 }
 
 void TestLoadLists::typedFileThatBreaksKeepsTheOldListAndSaysWhy()
@@ -274,12 +234,12 @@ void TestLoadLists::typedFileThatBreaksKeepsTheOldListAndSaysWhy()
     QAction *match = AddMatchCommand(window);
     window.show();
     bool shown = false;
-    WhenShows<frmLoadBCFList>(
+    WhenModalShows<frmLoadBCFList>(
         [list](frmLoadBCFList *dialog) {
-            TypeInto(dialog->txtSelectDb, list);
+            ReplaceText(dialog->txtSelectDb, list);
             QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
         },
-        &shown);
+        nullptr, &shown);
     window.mnuLoadBCFMasterList->trigger();
     QVERIFY(shown);
     const QStringList messages = seam_->CallsStartingWith(QStringLiteral("message|"));
@@ -287,7 +247,7 @@ void TestLoadLists::typedFileThatBreaksKeepsTheOldListAndSaysWhy()
     QVERIFY(messages.first().startsWith(
         QStringLiteral("message|exclamation|Velmora!|The BCF Master List could not be loaded.")));
     QVERIFY(messages.first().endsWith(QStringLiteral("The list that was loaded before is kept.")));
-    QCOMPARE(Count(QStringLiteral("BCFMast")), 2);
+    QCOMPARE(RowCount(QStringLiteral("BCFMast")), 2);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT Name FROM BCFMast WHERE Ref = '222222B'")).toString(),
              QStringLiteral("Old, Bob"));
     QVERIFY(match->isEnabled());
@@ -351,7 +311,7 @@ void TestLoadLists::okWithAnEmptyBoxBeepsAndStays()
 {
     frmLoadBCFList dialog;
     ShowActive(dialog);
-    TypeInto(dialog.txtSelectDb, QString());
+    ReplaceText(dialog.txtSelectDb, QString());
     QTest::mouseClick(dialog.cmdOk, Qt::LeftButton);
     QCOMPARE(seam_->Count(QStringLiteral("beep")), 1);
     QVERIFY(dialog.isVisible());

@@ -7,6 +7,7 @@
 #include "session/settings_store.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "support/widget_driving.h"
 #include "ui/frm_about.h"
 #include "ui/frm_main.h"
 #include "ui/frm_new_db.h"
@@ -48,48 +49,22 @@ bool WriteFile(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-const char *const DosTables[] = {"Master.dbf", "Velmora.dbf", "Players.dbf", "Result.dbf",
-                                 "Club.dbf"};
-
-bool CopyDosFolder(const QString &folder)
-{
-    QDir().mkpath(folder);
-    for (const char *table : DosTables)
-        if (CopySharedFile(QStringLiteral("dos/") + QString::fromLatin1(table), folder).isEmpty())
-            return false;
-    return true;
-}
-
-qint64 Count(const QString &table)
-{
-    return SqlScalar(QStringLiteral("SELECT count(*) FROM \"") + table + u'"').toLongLong();
-}
-
 // Types a path into the dialog's box, as a person would, and presses Import.
 void ImportThroughTheBox(frmNewDb *dialog, const QString &path)
 {
-    dialog->txtSelectDb->selectAll();
-    QTest::keyClick(dialog->txtSelectDb, Qt::Key_Delete);
-    QTest::keyClicks(dialog->txtSelectDb, path);
+    ReplaceText(dialog->txtSelectDb, path);
     QTest::mouseClick(dialog->cmdCopy, Qt::LeftButton);
 }
 
-// Acts on the new-database dialog once it is on screen: start-up lets events run
-// before the dialog exists, so the test looks for it until it comes.
+// Acts on the new-database dialog once start-up has put it on screen.
 void WhenNewDbShows(std::function<void(frmNewDb *)> action, bool *shown)
 {
-    auto *poll = new QTimer(qApp);
-    poll->setInterval(5);
-    QObject::connect(poll, &QTimer::timeout, [poll, action, shown] {
-        auto *dialog = qobject_cast<frmNewDb *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        poll->stop();
-        poll->deleteLater();
-        *shown = dialog->isVisible() && dialog->windowTitle() == QStringLiteral("New Database");
-        action(dialog);
-    });
-    poll->start();
+    WhenModalShows<frmNewDb>(
+        [action, shown](frmNewDb *dialog) {
+            *shown = dialog->isVisible() && dialog->windowTitle() == QStringLiteral("New Database");
+            action(dialog);
+        },
+        nullptr);
 }
 
 frmSplash *VisibleSplash()
@@ -313,10 +288,10 @@ void TestStartUp::newDatabaseReadsTheClubsFromTheBaseCopy()
     QVERIFY(startUp.Main());
     QVERIFY(shown);
     QVERIFY(Database().SourceDb().isEmpty());
-    QCOMPARE(Count(QStringLiteral("Club")), 2);
+    QCOMPARE(RowCount(QStringLiteral("Club")), 2);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'LEW'")).toString(),
              QStringLiteral("Lewes"));
-    QCOMPARE(Count(QStringLiteral("Master")), 0);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 0);
     QCOMPARE(
         seam_->CallsStartingWith(QStringLiteral("progress-start|")),
         QStringList{QStringLiteral("progress-start|Copying the Club table from a base copy|1")});
@@ -353,7 +328,7 @@ void TestStartUp::missingBaseCopyLeavesNoDatabaseAndAsksAgainNextTime()
 void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
 {
     const QString dos = folder_->path() + QStringLiteral("/old");
-    QVERIFY(CopyDosFolder(dos));
+    QVERIFY(CopySharedDosFolder(dos));
     bool shown = false;
     // The name check takes any case of letters.
     WhenNewDbShows(
@@ -366,12 +341,12 @@ void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
     QVERIFY(shown);
     QCOMPARE(Database().SourceDb(), dos);
     QCOMPARE(seam_->Count(QStringLiteral("message|")), 0);
-    QCOMPARE(Count(QStringLiteral("Master")), 297);
-    QCOMPARE(Count(QStringLiteral("Velmora")), 6);
-    QCOMPARE(Count(QStringLiteral("Player")), 106);
-    QCOMPARE(Count(QStringLiteral("Result")), 302);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 297);
+    QCOMPARE(RowCount(QStringLiteral("Velmora")), 6);
+    QCOMPARE(RowCount(QStringLiteral("Player")), 106);
+    QCOMPARE(RowCount(QStringLiteral("Result")), 302);
     // The clubs come from the folder, not from the base copy.
-    QCOMPARE(Count(QStringLiteral("Club")), 5);
+    QCOMPARE(RowCount(QStringLiteral("Club")), 5);
     QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Club WHERE Code = 'LEW'")).toInt(), 0);
     const QStringList progress = seam_->CallsStartingWith(QStringLiteral("progress-start|"));
     QCOMPARE(progress.size(), 5);
@@ -393,7 +368,7 @@ void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
 void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
 {
     const QString dos = folder_->path() + QStringLiteral("/old");
-    QVERIFY(CopyDosFolder(dos));
+    QVERIFY(CopySharedDosFolder(dos));
     // The results table is cut short: the first three tables read well, the fourth fails.
     QVERIFY(QFile::resize(dos + QStringLiteral("/Result.dbf"), 700));
     bool shown = false;
@@ -420,7 +395,7 @@ void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
 
     // The next start offers the choice again, and a sound folder imports.
     DestroySessionObjects();
-    QVERIFY(CopyDosFolder(dos));
+    QVERIFY(CopySharedDosFolder(dos));
     shown = false;
     WhenNewDbShows(
         [dos](frmNewDb *dialog) {
@@ -430,7 +405,7 @@ void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
     cStartUp again;
     QVERIFY(again.Main());
     QVERIFY(shown);
-    QCOMPARE(Count(QStringLiteral("Result")), 302);
+    QCOMPARE(RowCount(QStringLiteral("Result")), 302);
 }
 
 void TestStartUp::failedImportKeepsTheFileThatStoodInTheWay()
@@ -438,7 +413,7 @@ void TestStartUp::failedImportKeepsTheFileThatStoodInTheWay()
     const QString data = folder_->path() + QStringLiteral("/data");
     QVERIFY(WriteFile(data + QStringLiteral("/Velmora.mdb"), "not a database"));
     const QString dos = folder_->path() + QStringLiteral("/old");
-    QVERIFY(CopyDosFolder(dos));
+    QVERIFY(CopySharedDosFolder(dos));
     QVERIFY(QFile::resize(dos + QStringLiteral("/Players.dbf"), 900));
     bool shown = false;
     WhenNewDbShows(
