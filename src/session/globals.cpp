@@ -39,11 +39,6 @@ void DestroySessionObjects()
     theDatabase.reset();
 }
 
-bool SessionObjectsExist()
-{
-    return theControl && theDatabase;
-}
-
 void OpenSessionDatabase()
 {
     Database().OpenDb();

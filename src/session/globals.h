@@ -10,7 +10,6 @@ cDatabase &Database();
 
 void CreateSessionObjects();
 void DestroySessionObjects();
-bool SessionObjectsExist();
 
 // Opens the data file, brings it up to the present version and reads the settings:
 // what every start does once a database exists. The version is read on its own first
