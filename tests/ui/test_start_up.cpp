@@ -67,6 +67,13 @@ void WhenNewDbShows(std::function<void(frmNewDb *)> action, bool *shown)
         nullptr);
 }
 
+// Types the file into the new-database dialog and imports it.
+void WhenNewDbShowsImport(const QString &masterFile, bool *shown)
+{
+    WhenNewDbShows([masterFile](frmNewDb *dialog) { ImportThroughTheBox(dialog, masterFile); },
+                   shown);
+}
+
 frmSplash *VisibleSplash()
 {
     for (QWidget *widget : QApplication::topLevelWidgets())
@@ -331,11 +338,7 @@ void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
     QVERIFY(CopySharedDosFolder(dos));
     bool shown = false;
     // The name check takes any case of letters.
-    WhenNewDbShows(
-        [dos](frmNewDb *dialog) {
-            ImportThroughTheBox(dialog, dos + QStringLiteral("/mASTER.dbf"));
-        },
-        &shown);
+    WhenNewDbShowsImport(dos + QStringLiteral("/mASTER.dbf"), &shown);
     cStartUp startUp;
     QVERIFY(startUp.Main());
     QVERIFY(shown);
@@ -372,11 +375,7 @@ void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
     // The results table is cut short: the first three tables read well, the fourth fails.
     QVERIFY(QFile::resize(dos + QStringLiteral("/Result.dbf"), 700));
     bool shown = false;
-    WhenNewDbShows(
-        [dos](frmNewDb *dialog) {
-            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
-        },
-        &shown);
+    WhenNewDbShowsImport(dos + QStringLiteral("/Master.dbf"), &shown);
     {
         cStartUp startUp;
         QVERIFY(!startUp.Main());
@@ -397,11 +396,7 @@ void TestStartUp::importThatFailsPartWayLeavesNoDatabaseAndAsksAgainNextTime()
     DestroySessionObjects();
     QVERIFY(CopySharedDosFolder(dos));
     shown = false;
-    WhenNewDbShows(
-        [dos](frmNewDb *dialog) {
-            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
-        },
-        &shown);
+    WhenNewDbShowsImport(dos + QStringLiteral("/Master.dbf"), &shown);
     cStartUp again;
     QVERIFY(again.Main());
     QVERIFY(shown);
@@ -416,11 +411,7 @@ void TestStartUp::failedImportKeepsTheFileThatStoodInTheWay()
     QVERIFY(CopySharedDosFolder(dos));
     QVERIFY(QFile::resize(dos + QStringLiteral("/Players.dbf"), 900));
     bool shown = false;
-    WhenNewDbShows(
-        [dos](frmNewDb *dialog) {
-            ImportThroughTheBox(dialog, dos + QStringLiteral("/Master.dbf"));
-        },
-        &shown);
+    WhenNewDbShowsImport(dos + QStringLiteral("/Master.dbf"), &shown);
     cStartUp startUp;
     QVERIFY(!startUp.Main());
     QVERIFY(shown);
