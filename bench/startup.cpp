@@ -2,11 +2,11 @@
 // a database whose register holds 10,000 players. The bench makes the database, then
 // starts itself again as the program, ten times, and prints the median.
 
+#include "base/settings_store.h"
 #include "bench_environment.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/globals.h"
-#include "session/settings_store.h"
 #include "ui/frm_main.h"
 #include "ui/start_up.h"
 #include "ui/velmora_application.h"

@@ -1,8 +1,8 @@
 #include "conduct/auto_pair.h"
 
+#include "base/fatal_fault.h"
 #include "conduct/player_array.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/tournament.h"

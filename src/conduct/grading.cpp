@@ -1,6 +1,6 @@
 #include "conduct/grading.h"
 
-#include "session/common.h"
+#include "base/common.h"
 #include "session/player.h"
 #include "session/result.h"
 

@@ -1,8 +1,8 @@
 #include "conduct/pins.h"
 
+#include "base/common.h"
 #include "conduct/player_array.h"
 #include "database/sql.h"
-#include "session/common.h"
 #include "session/player.h"
 #include "session/players.h"
 

@@ -1,8 +1,8 @@
 #include "conduct/player_array.h"
 
+#include "base/common.h"
 #include "conduct/grade_bases.h"
 #include "conduct/progress_window.h"
-#include "session/common.h"
 #include "session/player.h"
 
 #include <array>

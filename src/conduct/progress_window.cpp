@@ -1,8 +1,8 @@
 #include "conduct/progress_window.h"
 
+#include "base/progress.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "session/progress.h"
 #include "session/tournament.h"
 
 QString ProgressText(const QString &caption)

@@ -1,10 +1,10 @@
-#include "session/common.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "session/player.h"
 #include "session/players.h"
 #include "session/result.h"
 #include "session/results.h"
 #include "session/tournament.h"
-#include "session/user_interaction.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/sql.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
 #include "session/player.h"
 
 // The same statement as Update's, made once for the whole field: preparing it anew for

@@ -1,12 +1,12 @@
 #include "database/database.h"
 
+#include "base/app_info.h"
+#include "base/busy.h"
+#include "base/fatal_fault.h"
+#include "base/settings_store.h"
+#include "base/user_interaction.h"
 #include "database/sql.h"
-#include "session/app_info.h"
-#include "session/busy.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
-#include "session/settings_store.h"
-#include "session/user_interaction.h"
 
 #include <QDir>
 #include <QFile>

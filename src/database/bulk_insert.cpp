@@ -1,8 +1,8 @@
 #include "database/bulk_insert.h"
 
+#include "base/fatal_fault.h"
 #include "database/database.h"
 #include "database/sql.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 
 #include <QSqlDriver>

@@ -1,11 +1,11 @@
 #include "database/database.h"
 
+#include "base/app_info.h"
+#include "base/fatal_fault.h"
+#include "base/settings_store.h"
+#include "base/user_interaction.h"
 #include "database/schema.h"
 #include "database/sql.h"
-#include "session/app_info.h"
-#include "session/fatal_fault.h"
-#include "session/settings_store.h"
-#include "session/user_interaction.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

@@ -1,15 +1,15 @@
 #include "database/database.h"
 
+#include "base/app_info.h"
+#include "base/common.h"
+#include "base/fatal_fault.h"
+#include "base/progress.h"
+#include "base/user_interaction.h"
 #include "database/bulk_insert.h"
 #include "database/dbase_table.h"
 #include "database/load_values.h"
 #include "database/schema.h"
 #include "database/sql.h"
-#include "session/app_info.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
-#include "session/progress.h"
-#include "session/user_interaction.h"
 
 #include <QDate>
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "database/load_values.h"
 
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/dbase_table.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
 
 #include <QDate>
 #include <QLocale>

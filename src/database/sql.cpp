@@ -1,8 +1,8 @@
 #include "database/sql.h"
 
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/database.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 
 #include <QSqlError>

@@ -1,7 +1,7 @@
+#include "base/common.h"
 #include "database/database.h"
 #include "database/schema.h"
 #include "database/sql.h"
-#include "session/common.h"
 
 #include <QSqlQuery>
 

@@ -1,7 +1,7 @@
 #include "register/bcf_master.h"
 
+#include "base/common.h"
 #include "database/sql.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 

@@ -1,8 +1,8 @@
 #include "register/contact.h"
 
+#include "base/common.h"
 #include "database/schema.h"
 #include "database/sql.h"
-#include "session/common.h"
 
 cContact::cContact() : cPersonRecord(QStringLiteral("Contact"), QStringLiteral("ContactId")) {}
 

@@ -1,11 +1,11 @@
 #include "register/master.h"
 
+#include "base/app_info.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
-#include "session/app_info.h"
-#include "session/common.h"
 #include "session/globals.h"
-#include "session/user_interaction.h"
 
 cMaster::cMaster() : cPersonRecord(QStringLiteral("Master"), QStringLiteral("MasterId")) {}
 

@@ -1,8 +1,8 @@
 #include "register/master_ages.h"
 
+#include "base/busy.h"
+#include "base/common.h"
 #include "database/sql.h"
-#include "session/busy.h"
-#include "session/common.h"
 
 #include <QSqlQuery>
 

@@ -1,8 +1,8 @@
 #include "register/person_record.h"
 
+#include "base/common.h"
 #include "database/sql.h"
 #include "register/bcf_master.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 

@@ -1,11 +1,11 @@
 // The grading cross table: one line an entrant, a six-character cell for each game,
 // then score, graded games, grading points and grading performance.
 
+#include "base/common.h"
 #include "conduct/player_array.h"
 #include "reports/print_cntrl.h"
 #include "reports/report_options.h"
 #include "reports/report_text.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"

@@ -2,17 +2,17 @@
 // and the entrants of the open tournament, with plain values. The two formats differ
 // on purpose; the tools that read them know each as it is.
 
+#include "base/app_info.h"
+#include "base/common.h"
+#include "base/fatal_fault.h"
+#include "base/user_interaction.h"
 #include "database/sql.h"
 #include "register/master.h"
 #include "reports/report_options.h"
-#include "session/app_info.h"
-#include "session/common.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"
-#include "session/user_interaction.h"
 
 #include <QDir>
 #include <QFile>

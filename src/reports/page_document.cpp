@@ -1,6 +1,6 @@
 #include "reports/page_document.h"
 
-#include "session/fatal_fault.h"
+#include "base/fatal_fault.h"
 
 #include <QMarginsF>
 #include <QRectF>

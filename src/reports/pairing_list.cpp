@@ -1,10 +1,10 @@
 // The pairing list of one round: each board with both sides' names, grades, scores
 // before the round and pins, and the result where there is one.
 
+#include "base/common.h"
 #include "reports/print_cntrl.h"
 #include "reports/report_options.h"
 #include "reports/report_text.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"

@@ -1,8 +1,8 @@
 #include "reports/pdf_renderer.h"
 
+#include "base/app_info.h"
 #include "reports/page_document.h"
 #include "reports/page_renderer.h"
-#include "session/app_info.h"
 
 #include <QPdfWriter>
 

@@ -1,9 +1,9 @@
 #include "reports/print_cntrl.h"
 
+#include "base/app_info.h"
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "reports/print_host.h"
-#include "session/app_info.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
 
 #include <QDir>
 #include <QFile>

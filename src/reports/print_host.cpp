@@ -1,6 +1,6 @@
 #include "reports/print_host.h"
 
-#include "session/app_info.h"
+#include "base/app_info.h"
 
 namespace {
 

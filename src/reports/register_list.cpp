@@ -1,12 +1,12 @@
 // The name-and-address list of the register: every person, or those flagged for one
 // of the user-defined purposes, in a chosen sequence.
 
+#include "base/common.h"
 #include "database/sql.h"
 #include "register/master.h"
 #include "reports/print_cntrl.h"
 #include "reports/report_options.h"
 #include "reports/report_text.h"
-#include "session/common.h"
 #include "session/control.h"
 
 #include <QSqlQuery>

@@ -1,8 +1,8 @@
 #include "reports/report_text.h"
 
+#include "base/common.h"
 #include "register/master.h"
 #include "reports/print_cntrl.h"
-#include "session/common.h"
 #include "session/tournament.h"
 
 using namespace mPrintCntrl;

@@ -1,10 +1,10 @@
 // The final standing: position, name, grade, score and the chosen tie-break.
 
+#include "base/common.h"
 #include "conduct/player_array.h"
 #include "reports/print_cntrl.h"
 #include "reports/report_options.h"
 #include "reports/report_text.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"

@@ -1,7 +1,7 @@
 #include "session/control.h"
 
+#include "base/common.h"
 #include "database/sql.h"
-#include "session/common.h"
 
 #include <QSqlQuery>
 

@@ -1,8 +1,8 @@
 #include "session/globals.h"
 
+#include "base/fatal_fault.h"
 #include "database/database.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 
 #include <memory>
 

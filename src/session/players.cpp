@@ -1,10 +1,10 @@
 #include "session/players.h"
 
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/sql.h"
 #include "register/master.h"
-#include "session/common.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/tournament.h"

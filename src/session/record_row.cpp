@@ -1,8 +1,8 @@
 #include "session/record_row.h"
 
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/sql.h"
-#include "session/common.h"
-#include "session/fatal_fault.h"
 
 #include <QSqlQuery>
 

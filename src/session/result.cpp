@@ -1,6 +1,6 @@
 #include "session/result.h"
 
-#include "session/fatal_fault.h"
+#include "base/fatal_fault.h"
 
 namespace {
 

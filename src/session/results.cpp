@@ -1,9 +1,9 @@
 #include "session/results.h"
 
+#include "base/common.h"
+#include "base/fatal_fault.h"
 #include "database/sql.h"
-#include "session/common.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"

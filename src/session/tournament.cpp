@@ -1,14 +1,14 @@
 #include "session/tournament.h"
 
+#include "base/app_info.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
-#include "session/app_info.h"
-#include "session/common.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"
 #include "session/results.h"
-#include "session/user_interaction.h"
 
 #include <QSqlQuery>
 

@@ -1,8 +1,8 @@
 #include "ui/frm_about.h"
 
-#include "session/app_info.h"
-#include "session/busy.h"
-#include "session/user_interaction.h"
+#include "base/app_info.h"
+#include "base/busy.h"
+#include "base/user_interaction.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,11 +1,11 @@
 #include "ui/frm_new_db.h"
 
+#include "base/app_info.h"
+#include "base/busy.h"
+#include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/dbase_table.h"
-#include "session/app_info.h"
-#include "session/busy.h"
 #include "session/globals.h"
-#include "session/user_interaction.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,11 +1,11 @@
 #include "ui/frm_options.h"
 
+#include "base/busy.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "register/master_ages.h"
-#include "session/busy.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "session/user_interaction.h"
 
 #include <QCheckBox>
 #include <QEvent>

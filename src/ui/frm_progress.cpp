@@ -1,6 +1,6 @@
 #include "ui/frm_progress.h"
 
-#include "session/app_info.h"
+#include "base/app_info.h"
 
 #include <QApplication>
 #include <QLabel>

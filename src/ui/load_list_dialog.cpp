@@ -1,8 +1,8 @@
 #include "ui/load_list_dialog.h"
 
+#include "base/app_info.h"
+#include "base/user_interaction.h"
 #include "database/dbase_table.h"
-#include "session/app_info.h"
-#include "session/user_interaction.h"
 
 #include <QFileInfo>
 #include <QGridLayout>

@@ -1,9 +1,9 @@
 #include "ui/print_renderer.h"
 
+#include "base/app_info.h"
+#include "base/user_interaction.h"
 #include "reports/page_document.h"
 #include "reports/page_renderer.h"
-#include "session/app_info.h"
-#include "session/user_interaction.h"
 
 #include <QDesktopServices>
 #include <QPrintDialog>

@@ -1,7 +1,7 @@
 #include "ui/velmora_application.h"
 
-#include "session/app_info.h"
-#include "session/fatal_fault.h"
+#include "base/app_info.h"
+#include "base/fatal_fault.h"
 #include "ui/start_up.h"
 
 cVelmoraApplication::cVelmoraApplication(int &argc, char **argv) : QApplication(argc, argv)

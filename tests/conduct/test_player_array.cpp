@@ -1,6 +1,6 @@
+#include "base/fatal_fault.h"
 #include "conduct/conduct_fixture.h"
 #include "conduct/player_array.h"
-#include "session/fatal_fault.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 

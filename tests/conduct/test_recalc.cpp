@@ -1,5 +1,5 @@
+#include "base/fatal_fault.h"
 #include "conduct/conduct_fixture.h"
-#include "session/fatal_fault.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 

@@ -1,7 +1,7 @@
+#include "base/settings_store.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/globals.h"
-#include "session/settings_store.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 

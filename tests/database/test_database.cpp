@@ -1,9 +1,9 @@
+#include "base/fatal_fault.h"
+#include "base/settings_store.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
-#include "session/settings_store.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 

@@ -1,7 +1,7 @@
+#include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/globals.h"
-#include "session/user_interaction.h"
 #include "support/dbase_writer.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"

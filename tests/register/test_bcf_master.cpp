@@ -1,8 +1,8 @@
+#include "base/fatal_fault.h"
 #include "database/sql.h"
 #include "register/bcf_master.h"
 #include "register/master.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "support/test_environment.h"
 

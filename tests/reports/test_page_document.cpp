@@ -1,5 +1,5 @@
+#include "base/fatal_fault.h"
 #include "reports/page_document.h"
-#include "session/fatal_fault.h"
 #include "support/test_environment.h"
 
 #include <QGuiApplication>

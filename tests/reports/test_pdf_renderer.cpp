@@ -1,7 +1,7 @@
+#include "base/common.h"
 #include "reports/page_document.h"
 #include "reports/pdf_renderer.h"
 #include "reports/print_cntrl.h"
-#include "session/common.h"
 #include "support/test_environment.h"
 
 #include <QFile>

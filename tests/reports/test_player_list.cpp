@@ -1,6 +1,6 @@
+#include "base/common.h"
 #include "reports/print_cntrl.h"
 #include "reports/report_options.h"
-#include "session/common.h"
 #include "support/test_environment.h"
 
 #include "report_fixtures.h"

@@ -1,7 +1,7 @@
+#include "base/fatal_fault.h"
 #include "reports/page_document.h"
 #include "reports/print_cntrl.h"
 #include "reports/print_host.h"
-#include "session/fatal_fault.h"
 #include "support/test_environment.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
+#include "base/fatal_fault.h"
 #include "database/sql.h"
 #include "register/master.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"

@@ -1,6 +1,6 @@
+#include "base/fatal_fault.h"
 #include "database/sql.h"
 #include "session/control.h"
-#include "session/fatal_fault.h"
 #include "session/globals.h"
 #include "session/player.h"
 #include "session/players.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "session/user_interaction.h"
+#include "base/user_interaction.h"
 
 #include <QList>
 #include <QStringList>

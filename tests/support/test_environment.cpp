@@ -2,11 +2,11 @@
 
 #include "support/isolated_environment.h"
 
+#include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "session/user_interaction.h"
 
 #include <QDir>
 #include <QFile>

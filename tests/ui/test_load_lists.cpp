@@ -1,6 +1,6 @@
+#include "base/busy.h"
 #include "database/database.h"
 #include "database/sql.h"
-#include "session/busy.h"
 #include "session/globals.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"

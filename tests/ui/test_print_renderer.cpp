@@ -1,7 +1,7 @@
+#include "base/app_info.h"
 #include "reports/page_document.h"
 #include "reports/print_cntrl.h"
 #include "reports/print_host.h"
-#include "session/app_info.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 #include "ui/print_renderer.h"

@@ -1,4 +1,4 @@
-#include "session/progress.h"
+#include "base/progress.h"
 #include "support/test_environment.h"
 #include "ui/frm_msg.h"
 #include "ui/frm_progress.h"

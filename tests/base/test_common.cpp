@@ -1,5 +1,5 @@
-#include "session/busy.h"
-#include "session/common.h"
+#include "base/busy.h"
+#include "base/common.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 

@@ -1,4 +1,4 @@
-#include "session/fatal_fault.h"
+#include "base/fatal_fault.h"
 
 cFatalFault::cFatalFault(const QString &source, int number, const QString &description)
     : std::runtime_error(description.toStdString())

@@ -1,6 +1,6 @@
-#include "session/busy.h"
+#include "base/busy.h"
 
-#include "session/user_interaction.h"
+#include "base/user_interaction.h"
 
 namespace {
 qint16 busyCount = 0;

@@ -1,4 +1,4 @@
-#include "session/settings_store.h"
+#include "base/settings_store.h"
 
 #include <QSettings>
 

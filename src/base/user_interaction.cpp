@@ -1,4 +1,4 @@
-#include "session/user_interaction.h"
+#include "base/user_interaction.h"
 
 namespace {
 

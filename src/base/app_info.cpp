@@ -1,4 +1,4 @@
-#include "session/app_info.h"
+#include "base/app_info.h"
 
 namespace AppInfo {
 

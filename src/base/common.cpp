@@ -1,4 +1,4 @@
-#include "session/common.h"
+#include "base/common.h"
 
 #include <QLocale>
 

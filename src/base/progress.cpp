@@ -1,8 +1,8 @@
-#include "session/progress.h"
+#include "base/progress.h"
 
-#include "session/busy.h"
-#include "session/common.h"
-#include "session/user_interaction.h"
+#include "base/busy.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 
 namespace Progress {
 
