@@ -173,6 +173,8 @@ bool cDatabase::TidyDb()
     qint64 sizeAfter = 0;
     {
         cBusySection busy;
+        // Commits still in the write-ahead log count, as they would after a close.
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         sizeBefore = QFileInfo(DataDb()).size();
         const QString safetyCopy = dataDir_ + QStringLiteral("Velmora") + QStringLiteral(".bak");
         const QString compacted = dataDir_ + QStringLiteral("Velmora") + QStringLiteral(".tmp");

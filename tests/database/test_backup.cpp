@@ -266,6 +266,8 @@ private slots:
             unit.Commit();
         }
         RunSql(QStringLiteral("DELETE FROM Master WHERE MasterId > 10"));
+        // The rows stand in the write-ahead log until it is written into the file.
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         const qint64 before = QFileInfo(Database().DataDb()).size();
         seam.QueueAnswer(true);
         QVERIFY(Database().TidyDb());

@@ -374,8 +374,8 @@ private slots:
         QCOMPARE(waitpid(child, &status, 0), child);
         QVERIFY(WIFSIGNALED(status));
         QCOMPARE(WTERMSIG(status), SIGKILL);
-        // The killed load left its journal behind; opening the file undoes it.
-        QVERIFY(QFile::exists(Database().DataDb() + QStringLiteral("-journal")));
+        // The killed load left its log behind; opening the file sets it aside.
+        QVERIFY(QFile::exists(Database().DataDb() + QStringLiteral("-wal")));
 
         Database().OpenDb();
         QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),
