@@ -561,13 +561,21 @@ bool cDatabase::ReplaceList(const QString &fileName, const QString &what,
     QString folder;
     QString table;
     SplitFileName(fileName, &folder, &table);
-    cTransaction unit;
-    (this->*clear)();
-    if (!(this->*copy)(folder, table)) {
+    try {
+        cTransaction unit;
+        (this->*clear)();
+        if (!(this->*copy)(folder, table)) {
+            TellLoadFault(what, loadFaultText_);
+            return false;
+        }
+        unit.Commit();
+    } catch (const cFatalFault &fault) {
+        // The list reaches the file at the commit: a full disk or a data folder that
+        // can't be written fails it there, and the engine undoes the whole load.
+        loadFaultText_ = fault.Description();
         TellLoadFault(what, loadFaultText_);
         return false;
     }
-    unit.Commit();
     return true;
 }
 

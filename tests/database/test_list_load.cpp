@@ -3,11 +3,13 @@
 #include "session/globals.h"
 #include "session/user_interaction.h"
 #include "support/dbase_writer.h"
+#include "support/full_disk.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -93,6 +95,37 @@ class TestListLoad : public QObject
     Q_OBJECT
 
 private slots:
+    void loadOnAFullDiskKeepsTheOldListSaysWhyAndGoesOn()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        const QString list =
+            CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}));
+        const QString clubs =
+            CopySharedFile(QStringLiteral("grading-list/clubs.dbf"), session.Path({}));
+        QVERIFY(Database().LoadClubTable(clubs));
+        const qint64 clubCount = RowCount(QStringLiteral("Club"));
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+        seam.Clear();
+        {
+            cFullDisk full(QFileInfo(Database().DataDb()).size() + 64 * 1024);
+            QVERIFY(!Database().LoadBCFMastList(list));
+        }
+        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(messages.first().startsWith(QStringLiteral(
+                     "message|exclamation|Velmora!|The BCF Master List could not be loaded.")),
+                 qPrintable(messages.first()));
+        QVERIFY2(messages.first().contains(QStringLiteral("disk")), qPrintable(messages.first()));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Club")), clubCount);
+        // With room again, the same load goes through on the same open database.
+        QVERIFY(Database().LoadBCFMastList(list));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),
+                 QStringLiteral("ok"));
+    }
+
     void loadsTheSharedGradingList()
     {
         cTestSession session;
