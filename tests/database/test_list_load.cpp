@@ -349,7 +349,46 @@ private slots:
         QVERIFY(!Database().LoadBCFMastList(session.Path(QStringLiteral("Short.dbf"))));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("has no field FIDECode")));
         QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
-        QCOMPARE(seam.Count(QStringLiteral("message|")), 1);
+        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
+        QCOMPARE(messages.size(), 2);
+        QCOMPARE(messages[0], QStringLiteral("message|information|Velmora!|1,997 players loaded"));
+        QVERIFY(messages[1].contains(QStringLiteral("could not be loaded")));
+    }
+
+    void asksBeforeAFileOfNoPlayersEmptiesTheList()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        QVERIFY(!CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}))
+                     .isEmpty());
+        QVERIFY(Database().LoadBCFMastList(session.Path(QStringLiteral("Players.dbf"))));
+        cDbaseWriter writer(GradingListFields());
+        writer.AddRow(ListRow("4000A", "Deleted Player", "100", "C"), true);
+        writer.AddRow(ListRow("4001B", "Deleted Too", "100", "C"), true);
+        QVERIFY(writer.Save(session.Path(QStringLiteral("Deleted.dbf"))));
+        const QString deleted = session.Path(QStringLiteral("Deleted.dbf"));
+        seam.Clear();
+        seam.QueueAnswer(false);
+        QVERIFY(!Database().LoadBCFMastList(deleted));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(seam.CallsStartingWith(QStringLiteral("ask|")),
+                 QStringList{QStringLiteral("ask|Velmora!|The BCF Master List holds 1,997 "
+                                            "players. The file ") +
+                             QDir::toNativeSeparators(deleted) +
+                             QStringLiteral(" holds none, so loading it would leave the list "
+                                            "empty.\n\nDo you want to load it?")});
+        QCOMPARE(seam.Count(QStringLiteral("message|")), 0);
+
+        seam.Clear();
+        seam.QueueAnswer(true);
+        QVERIFY(Database().LoadBCFMastList(deleted));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(seam.CallsStartingWith(QStringLiteral("message|")),
+                 QStringList{QStringLiteral("message|information|Velmora!|0 players loaded")});
+        // An empty list replaced by an empty file loses nothing and asks nothing.
+        seam.Clear();
+        QVERIFY(Database().LoadBCFMastList(deleted));
+        QCOMPARE(seam.Count(QStringLiteral("ask|")), 0);
     }
 
     void keepsTheOldListWhenAValueIsTooLong()
