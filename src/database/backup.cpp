@@ -173,16 +173,29 @@ bool cDatabase::TidyDb()
     qint64 sizeAfter = 0;
     {
         cBusySection busy;
+        // Commits still in the write-ahead log count, as they would after a close.
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         sizeBefore = QFileInfo(DataDb()).size();
         const QString safetyCopy = dataDir_ + QStringLiteral("Velmora") + QStringLiteral(".bak");
         const QString compacted = dataDir_ + QStringLiteral("Velmora") + QStringLiteral(".tmp");
         QString reason;
         // The safety copy is kept until the next tidy, for the case that the
-        // compaction fails.
-        if (!CopyOpenDatabase(safetyCopy, &reason))
-            RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::File, reason);
+        // compaction fails. A full disk or a folder that can't be written stops the
+        // tidy before the data file is touched.
+        if (!CopyOpenDatabase(safetyCopy, &reason)) {
+            TellFault(reason, FaultNumber::File);
+            return false;
+        }
         QFile::remove(compacted);
-        RunSql(QStringLiteral("VACUUM INTO ?"), {compacted});
+        QSqlQuery compaction(Db());
+        compaction.prepare(QStringLiteral("VACUUM INTO ?"));
+        compaction.bindValue(0, compacted);
+        if (!compaction.exec()) {
+            QFile::remove(compacted);
+            TellFault(compaction.lastError().text(), FaultNumber::File);
+            return false;
+        }
+        compaction.finish();
         CloseDb();
         const bool replaced = ReplaceFile(compacted, DataDb(), &reason);
         OpenDb();

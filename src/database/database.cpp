@@ -16,6 +16,7 @@
 #include <QSqlQuery>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <atomic>
 
 namespace {
@@ -46,6 +47,32 @@ QString NewConnectionName()
 [[noreturn]] void RaiseFileFault(const QString &description)
 {
     RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::File, description);
+}
+
+// The files that SQLite keeps beside a database while a change is under way. A
+// database file is only whole together with them: after a crash they hold what
+// undoes or completes the last commit.
+const QStringList CompanionSuffixes = {QStringLiteral("-journal"), QStringLiteral("-wal"),
+                                       QStringLiteral("-shm")};
+
+bool HasDatabaseHeader(const QString &file)
+{
+    QFile probe(file);
+    return probe.open(QIODevice::ReadOnly) && probe.read(16) == QByteArray("SQLite format 3", 16);
+}
+
+// The engine's answers that mean another connection holds the file at the moment.
+bool IsLockedError(const QSqlError &error)
+{
+    const int code = error.nativeErrorCode().toInt() & 0xff;
+    return code == 5 /* SQLITE_BUSY */ || code == 6 /* SQLITE_LOCKED */;
+}
+
+// The answers that mean the file is no database, or one damaged beyond use.
+bool IsNotADatabaseError(const QSqlError &error)
+{
+    const int code = error.nativeErrorCode().toInt() & 0xff;
+    return code == 11 /* SQLITE_CORRUPT */ || code == 26 /* SQLITE_NOTADB */;
 }
 
 } // namespace
@@ -132,7 +159,11 @@ void cDatabase::OpenDb()
             RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,
                        db.lastError().text());
     }
-    // A result once written must survive a power cut, so every commit reaches the disk.
+    // A result once written must survive a power cut: each commit is appended to the
+    // write-ahead log and the log reaches the disk before the commit returns. A crash
+    // at any point leaves the file and its log, from which the engine rebuilds the
+    // last commit whole or not at all the next time it opens the file.
+    RunSql(QStringLiteral("PRAGMA journal_mode = WAL"));
     RunSql(QStringLiteral("PRAGMA synchronous = FULL"));
     RunSql(QStringLiteral("PRAGMA foreign_keys = OFF"));
     // A grading list is loaded in one unit of work; a cache that holds all of it
@@ -146,8 +177,12 @@ void cDatabase::CloseDb()
         return;
     {
         QSqlDatabase db = QSqlDatabase::database(connectionName_, false);
-        if (db.isOpen())
+        if (db.isOpen()) {
+            // The log is written into the file before it closes, so that the file
+            // alone holds everything (a copy of it is a whole backup).
+            QSqlQuery(db).exec(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
             db.close();
+        }
     }
     QSqlDatabase::removeDatabase(connectionName_);
 }
@@ -156,19 +191,32 @@ bool cDatabase::Exists() const
 {
     if (!QFileInfo(DataDb()).isFile())
         return false;
+    // The file is opened for writing, as OpenDb will: after a crash the engine first
+    // undoes or completes the cut-off commit from the journal or log beside it, which
+    // a read-only open refuses to do.
     const QString probeName = connectionName_ + QStringLiteral("Probe");
     bool found = false;
     {
         QSqlDatabase probe = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), probeName);
         probe.setDatabaseName(DataDb());
-        probe.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
+        probe.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=2000"));
         if (probe.open()) {
             QSqlQuery query(probe);
-            found = query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = "
-                                              "'table' AND name = 'Cntrl'")) &&
-                    query.next() && query.value(0).toInt() == 1;
+            if (query.exec(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE type = "
+                                          "'table' AND name = 'Cntrl'")) &&
+                query.next()) {
+                found = query.value(0).toInt() == 1;
+            } else {
+                // A database that another process is writing, or that can't be read
+                // just now, is still a database: it is never offered for replacing.
+                const QSqlError error = query.lastError();
+                found = IsLockedError(error) ||
+                        (HasDatabaseHeader(DataDb()) && !IsNotADatabaseError(error));
+            }
             query.finish();
             probe.close();
+        } else {
+            found = HasDatabaseHeader(DataDb());
         }
     }
     QSqlDatabase::removeDatabase(probeName);
@@ -177,13 +225,29 @@ bool cDatabase::Exists() const
 
 void cDatabase::MoveAsideExistingFile()
 {
-    if (!QFileInfo::exists(DataDb()))
+    const bool hasFile = QFileInfo::exists(DataDb());
+    const bool hasCompanion =
+        std::any_of(CompanionSuffixes.begin(), CompanionSuffixes.end(),
+                    [this](const QString &suffix) { return QFileInfo::exists(DataDb() + suffix); });
+    if (!hasFile && !hasCompanion)
         return;
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
     QString aside = dataDir_ + QStringLiteral("Velmora-") + stamp + QStringLiteral(".mdb");
-    for (int attempt = 2; QFileInfo::exists(aside); ++attempt)
+    for (int attempt = 2; QFileInfo::exists(aside) || QFileInfo::exists(aside + u"-journal") ||
+                          QFileInfo::exists(aside + u"-wal");
+         ++attempt)
         aside = dataDir_ + QStringLiteral("Velmora-") + stamp + u'-' + QString::number(attempt) +
                 QStringLiteral(".mdb");
+    // Its journal and log go first and with it: left behind, the engine would play
+    // them into the new database that takes the name.
+    for (const QString &suffix : CompanionSuffixes)
+        if (QFileInfo::exists(DataDb() + suffix) &&
+            !QFile::rename(DataDb() + suffix, aside + suffix))
+            RaiseFileFault(QStringLiteral("The file ") + DataDb() + suffix +
+                           QStringLiteral(" could not be moved aside."));
+    // A journal or log without its file is kept too, never played into a new file.
+    if (!hasFile)
+        return;
     if (!QFile::rename(DataDb(), aside))
         RaiseFileFault(QStringLiteral("The file ") + DataDb() +
                        QStringLiteral(" is not a Velmora! database and could not be moved aside."));
@@ -207,7 +271,8 @@ bool cDatabase::Create(const std::function<bool()> &fill)
     const QString building = DataDb() + QStringLiteral(".new");
     const auto discardBuilding = [this, &building] {
         CloseDb();
-        QFile::remove(building + QStringLiteral("-journal"));
+        for (const QString &suffix : CompanionSuffixes)
+            QFile::remove(building + suffix);
         QFile::remove(building);
     };
     discardBuilding();

@@ -114,7 +114,10 @@ public:
 private:
     // Clears a list table and copies the named file into it, as one unit of work;
     // a copy that fails keeps the old list and tells the user why.
-    bool ReplaceList(const QString &fileName, const QString &what, void (cDatabase::*clear)(),
+    // A load that yields no row replaces a list that has rows only after a question;
+    // a load that succeeds says how many rows it brought ("2,000 players loaded").
+    bool ReplaceList(const QString &fileName, const QString &what, const QString &listTable,
+                     const QString &rowWord, void (cDatabase::*clear)(),
                      bool (cDatabase::*copy)(const QString &, const QString &));
     void CreateCntrlTable();
     void CreateMasterTable();

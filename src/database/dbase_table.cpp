@@ -298,6 +298,20 @@ bool cDbaseTable::ReadHeader(qint64 deviceSize)
     }
     if (fields_.isEmpty())
         return Refuse(file + QStringLiteral(" is damaged: it has no fields."));
+    // A header whose figures disagree would have every row read from the wrong
+    // place: a length one byte too large shifts each row by a byte.
+    if (offset != recordLength_)
+        return Refuse(file + QStringLiteral(" is damaged: its rows are ") +
+                      QString::number(recordLength_) +
+                      QStringLiteral(" bytes long, but its fields take ") +
+                      QString::number(offset) + QStringLiteral("."));
+    const qsizetype fieldListEnd = fields_.size() * FieldDescriptorSize;
+    for (qsizetype at = fieldListEnd + 1; at < descriptors.size(); ++at)
+        if (descriptors[at] != 0)
+            return Refuse(file + QStringLiteral(" is damaged: its header length, ") +
+                          QString::number(headerLength_) +
+                          QStringLiteral(", does not agree with its ") +
+                          QString::number(fields_.size()) + QStringLiteral(" fields."));
 
     rowCount_ = qint32(rows);
     if (deviceSize >= 0) {
@@ -308,6 +322,12 @@ bool cDbaseTable::ReadHeader(qint64 deviceSize)
                           QString::number(rowCount_) + QStringLiteral(" rows but ends after ") +
                           QString::number(whole) + QStringLiteral("."));
         }
+        // After the rows only the end-of-file mark may follow; more means that the
+        // header counts fewer rows than the file holds.
+        if (deviceSize - needed > 1)
+            return Refuse(file + QStringLiteral(" is damaged: its header counts ") +
+                          QString::number(rowCount_) +
+                          QStringLiteral(" rows, but the file holds more than that."));
         if (!device_->seek(headerLength_))
             return Refuse(file + QStringLiteral(" cannot be read: ") + device_->errorString());
     }
@@ -390,6 +410,13 @@ bool cDbaseTable::Next()
         if (currentRow_ >= blockFirstRow_ + blockRows_ && !LoadBlock())
             return false;
         row_ = block_.constData() + qint64(currentRow_ - blockFirstRow_) * recordLength_;
+        if (row_[0] != DeletedFlag && row_[0] != ' ') {
+            Refuse(QStringLiteral("The file ") + displayName_ +
+                   QStringLiteral(" is damaged: row ") + QString::number(currentRow_ + 1) +
+                   QStringLiteral(" does not begin with a deletion flag (a blank or \"*\")."));
+            row_ = nullptr;
+            return false;
+        }
         if (row_[0] != DeletedFlag)
             return true;
     }

@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSaveFile>
 #include <QSqlQuery>
 #include <QStringDecoder>
@@ -450,6 +451,12 @@ void CopyClubBaseCopy(const QString &path)
     }
 }
 
+// A count as the messages give it: "20,000".
+QString ThousandsText(qint64 count)
+{
+    return QLocale(QLocale::English).toString(count);
+}
+
 void TellLoadFault(const QString &what, const QString &reason)
 {
     Interaction().ShowMessage(what + QStringLiteral(" could not be loaded.\n\n") + reason +
@@ -554,31 +561,58 @@ bool cDatabase::OutputClubTable(const QString &folder)
     return false;
 }
 
-bool cDatabase::ReplaceList(const QString &fileName, const QString &what,
-                            void (cDatabase::*clear)(),
+bool cDatabase::ReplaceList(const QString &fileName, const QString &what, const QString &listTable,
+                            const QString &rowWord, void (cDatabase::*clear)(),
                             bool (cDatabase::*copy)(const QString &, const QString &))
 {
     QString folder;
     QString table;
     SplitFileName(fileName, &folder, &table);
-    cTransaction unit;
-    (this->*clear)();
-    if (!(this->*copy)(folder, table)) {
+    const QString countRows = QStringLiteral("Select Count(*) From ") + listTable;
+    qint64 loaded = 0;
+    try {
+        cTransaction unit;
+        const qint64 before = SqlScalar(countRows).toLongLong();
+        (this->*clear)();
+        if (!(this->*copy)(folder, table)) {
+            TellLoadFault(what, loadFaultText_);
+            return false;
+        }
+        loaded = SqlScalar(countRows).toLongLong();
+        // A file whose rows are all deleted, or whose fields are of the wrong kind,
+        // yields nothing; it replaces a list only when the person says so.
+        if (loaded == 0 && before > 0 &&
+            !Interaction().AskYesNo(what + QStringLiteral(" holds ") + ThousandsText(before) +
+                                        u' ' + rowWord + QStringLiteral(". The file ") +
+                                        QDir::toNativeSeparators(fileName) +
+                                        QStringLiteral(" holds none, so loading it would leave "
+                                                       "the list empty.\n\nDo you want to load "
+                                                       "it?"),
+                                    AppInfo::Title()))
+            return false;
+        unit.Commit();
+    } catch (const cFatalFault &fault) {
+        // The list reaches the file at the commit: a full disk or a data folder that
+        // can't be written fails it there, and the engine undoes the whole load.
+        loadFaultText_ = fault.Description();
         TellLoadFault(what, loadFaultText_);
         return false;
     }
-    unit.Commit();
+    Interaction().ShowMessage(ThousandsText(loaded) + u' ' + rowWord + QStringLiteral(" loaded"),
+                              MessageIcon::Information, AppInfo::Title());
     return true;
 }
 
 bool cDatabase::LoadBCFMastList(const QString &fileName)
 {
-    return ReplaceList(fileName, QStringLiteral("The BCF Master List"),
-                       &cDatabase::ClearBCFMastList, &cDatabase::CopyBCFMastList);
+    return ReplaceList(fileName, QStringLiteral("The BCF Master List"), QStringLiteral("BCFMast"),
+                       QStringLiteral("players"), &cDatabase::ClearBCFMastList,
+                       &cDatabase::CopyBCFMastList);
 }
 
 bool cDatabase::LoadClubTable(const QString &fileName)
 {
-    return ReplaceList(fileName, QStringLiteral("The BCF Club List"), &cDatabase::ClearClubTable,
+    return ReplaceList(fileName, QStringLiteral("The BCF Club List"), QStringLiteral("Club"),
+                       QStringLiteral("clubs"), &cDatabase::ClearClubTable,
                        &cDatabase::CopyClubTable);
 }

@@ -15,12 +15,13 @@
 #include "session/players.h"
 
 #include <QDir>
-#include <QFile>
 #include <QIODevice>
+#include <QSaveFile>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -79,19 +80,35 @@ QString RegisterCaption(const QString &field, const cControl &control)
     return field;
 }
 
-// Opens the destination for the export, replacing a file that stands there.
-std::unique_ptr<QFile> OpenDestination(const QString &source, const QString &path)
+// Writes an export to its file, replacing a file that stands there only when the
+// whole export is written. A place that can't be written or a disk that fills up
+// ends the export with a message; the program goes on.
+void ExportToFile(const QString &path, const std::function<void(QIODevice &)> &write)
 {
-    auto file = std::make_unique<QFile>(path);
-    if (!file->open(QIODevice::WriteOnly | QIODevice::Truncate))
-        RaiseFatal(source, FaultNumber::File,
-                   QStringLiteral("The export file ") + QDir::toNativeSeparators(path) +
-                       QStringLiteral(" could not be opened: ") + file->errorString());
-    return file;
-}
-
-void ExportCompleted()
-{
+    QSaveFile file(path);
+    QString reason;
+    // Unbuffered, so that a write the disk refuses fails at once, where it is seen.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        reason = file.errorString();
+    } else {
+        try {
+            write(file);
+        } catch (const cFatalFault &fault) {
+            if (fault.Number() != FaultNumber::File)
+                throw;
+            reason = fault.Description();
+            file.cancelWriting();
+        }
+        if (reason.isEmpty() && !file.commit())
+            reason = file.errorString();
+    }
+    if (!reason.isEmpty()) {
+        Interaction().ShowMessage(QStringLiteral("The export file ") +
+                                      QDir::toNativeSeparators(path) +
+                                      QStringLiteral(" could not be written.\n\n") + reason,
+                                  MessageIcon::Exclamation, AppInfo::Title());
+        return;
+    }
     Interaction().ShowMessage(QStringLiteral("Export Completed."), MessageIcon::Plain,
                               AppInfo::Title());
 }
@@ -144,11 +161,8 @@ void cControl::ListPlayersExport(QIODevice &device, const cExportOptions &option
 
 void cControl::ListPlayersExport(const cExportOptions &options) const
 {
-    const std::unique_ptr<QFile> file =
-        OpenDestination(QStringLiteral("cControl.ListPlayersExport"), options.Destination);
-    ListPlayersExport(*file, options);
-    file->close();
-    ExportCompleted();
+    ExportToFile(options.Destination,
+                 [this, &options](QIODevice &file) { ListPlayersExport(file, options); });
 }
 
 void cPlayers::ListPlayersExport(QIODevice &device, const cExportOptions &options) const
@@ -200,9 +214,6 @@ void cPlayers::ListPlayersExport(QIODevice &device, const cExportOptions &option
 
 void cPlayers::ListPlayersExport(const cExportOptions &options) const
 {
-    const std::unique_ptr<QFile> file =
-        OpenDestination(QStringLiteral("cPlayers.ListPlayersExport"), options.Destination);
-    ListPlayersExport(*file, options);
-    file->close();
-    ExportCompleted();
+    ExportToFile(options.Destination,
+                 [this, &options](QIODevice &file) { ListPlayersExport(file, options); });
 }

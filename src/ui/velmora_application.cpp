@@ -2,7 +2,11 @@
 
 #include "base/app_info.h"
 #include "base/fatal_fault.h"
+#include "session/globals.h"
 #include "ui/start_up.h"
+
+#include <cstdio>
+#include <cstdlib>
 
 cVelmoraApplication::cVelmoraApplication(int &argc, char **argv) : QApplication(argc, argv)
 {
@@ -20,6 +24,15 @@ bool cVelmoraApplication::notify(QObject *receiver, QEvent *event)
     } catch (const std::exception &error) {
         ShowFailure(AppInfo::Title(), 0, QString::fromLocal8Bit(error.what()));
     }
-    exit(1);
-    return false;
+    EndRunAfterFailure();
+}
+
+void cVelmoraApplication::EndRunAfterFailure()
+{
+    // Nothing more of the operation that failed may run, so the run ends here, not
+    // after the event loop. The database is closed first, while the SQL driver
+    // still stands; the rest goes with the process.
+    DestroySessionObjects();
+    std::fflush(nullptr);
+    std::_Exit(1);
 }

@@ -13,4 +13,7 @@ public:
     cVelmoraApplication(int &argc, char **argv);
 
     bool notify(QObject *receiver, QEvent *event) override;
+
+private:
+    [[noreturn]] static void EndRunAfterFailure();
 };

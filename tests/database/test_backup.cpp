@@ -2,6 +2,7 @@
 #include "database/database.h"
 #include "database/sql.h"
 #include "session/globals.h"
+#include "support/full_disk.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 
@@ -101,6 +102,41 @@ private slots:
             QCOMPARE(query.value(0).toString(), QStringLiteral("O'Brien"));
         }
         QSqlDatabase::removeDatabase(name);
+    }
+
+    void backupAndTidyOnAFullDiskSayWhyAndGoOn()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        {
+            cTransaction unit;
+            for (int id = 1; id <= 3000; ++id)
+                AddPlayer(id, QStringLiteral("Player number ") + QString::number(id));
+            unit.Commit();
+        }
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+        QTemporaryDir backups;
+        const QString backup = backups.filePath(QStringLiteral("T010105.bak"));
+        seam.QueueFile(backup);
+        seam.QueueAnswer(true);
+        {
+            cFullDisk full(16 * 1024);
+            QVERIFY(!Database().BackupDB());
+            QVERIFY(!Database().TidyDb());
+        }
+        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
+        QCOMPARE(messages.size(), 2);
+        for (const QString &message : messages)
+            QVERIFY2(message.startsWith(QStringLiteral("message|critical|Velmora!|")) &&
+                         message.contains(QStringLiteral("disk")),
+                     qPrintable(message));
+        QVERIFY(!QFileInfo::exists(backup));
+        QVERIFY(QDir(backups.path()).isEmpty());
+        QCOMPARE(Players(), 3000);
+        QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),
+                 QStringLiteral("ok"));
+        seam.QueueFile(backup);
+        QVERIFY(Database().BackupDB());
     }
 
     void opensTheNextBackupAndRestoreInTheFolderJustUsed()
@@ -266,6 +302,8 @@ private slots:
             unit.Commit();
         }
         RunSql(QStringLiteral("DELETE FROM Master WHERE MasterId > 10"));
+        // The rows stand in the write-ahead log until it is written into the file.
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
         const qint64 before = QFileInfo(Database().DataDb()).size();
         seam.QueueAnswer(true);
         QVERIFY(Database().TidyDb());

@@ -106,6 +106,68 @@ void WriteTextFile(const QString &path, const QByteArray &content)
     file.write(content);
 }
 
+QByteArray FileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A second connection to the data file, as another process would hold it.
+class cOtherConnection
+{
+public:
+    explicit cOtherConnection(const QString &file)
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_);
+        db.setDatabaseName(file);
+        db.open();
+    }
+    ~cOtherConnection()
+    {
+        {
+            QSqlDatabase db = QSqlDatabase::database(name_, false);
+            db.close();
+        }
+        QSqlDatabase::removeDatabase(name_);
+    }
+    bool Run(const QString &statement)
+    {
+        QSqlQuery query(QSqlDatabase::database(name_, false));
+        return query.exec(statement);
+    }
+
+private:
+    QString name_ = QStringLiteral("other");
+};
+
+// Leaves in copyFolder the data file as a crash in the middle of a commit leaves
+// it: pages of the unfinished change already written and its rollback journal
+// beside it, with no process holding a lock. The file itself keeps its surnames.
+void CopyHalfCommittedDatabase(const QString &copyFolder)
+{
+    {
+        cTransaction unit;
+        for (int id = 1; id <= 2000; ++id)
+            RunSql(QStringLiteral("INSERT INTO Master (MasterId, Surname) VALUES (?, ?)"),
+                   {id, QString(QStringLiteral("Surname ") + QString::number(id))});
+        unit.Commit();
+    }
+    const QString file = Database().DataDb();
+    Database().CloseDb();
+    cOtherConnection other(file);
+    QVERIFY(other.Run(QStringLiteral("PRAGMA journal_mode = DELETE")));
+    // A cache this small spills changed pages into the file before the commit.
+    QVERIFY(other.Run(QStringLiteral("PRAGMA cache_size = 1")));
+    QVERIFY(other.Run(QStringLiteral("BEGIN")));
+    QVERIFY(other.Run(QStringLiteral("UPDATE Master SET Surname = 'Half written', Address1 = "
+                                     "'Long address line for a crash'")));
+    QVERIFY(QFile::exists(file + QStringLiteral("-journal")));
+    QVERIFY(QFile::copy(file, copyFolder + QStringLiteral("/Velmora.mdb")));
+    QVERIFY(QFile::copy(file + QStringLiteral("-journal"),
+                        copyFolder + QStringLiteral("/Velmora.mdb-journal")));
+    QVERIFY(other.Run(QStringLiteral("ROLLBACK")));
+}
+
 } // namespace
 
 class TestDatabase : public QObject
@@ -136,6 +198,10 @@ private slots:
     void fillThatThrowsLeavesNoDatabase();
     void fillRunsOnTheNewFileBeforeItIsInPlace();
     void halfBuiltFileOfAnInterruptedCreationIsNotTakenForADatabase();
+    void databaseWithHotJournalIsADatabaseAndIsRecovered();
+    void databaseIsADatabaseWhileAnotherConnectionWrites();
+    void fileMovedAsideTakesItsJournalAndLogWithIt();
+    void commitsGoToAWriteAheadLogThatIsEmptiedOnClose();
 };
 
 void TestDatabase::createdDatabaseHasExactlyTheListedFields()
@@ -462,6 +528,82 @@ void TestDatabase::halfBuiltFileOfAnInterruptedCreationIsNotTakenForADatabase()
     QVERIFY(Database().Create());
     QVERIFY(Database().Exists());
     QVERIFY(!QFile::exists(Database().DataDb() + QStringLiteral(".new")));
+}
+
+void TestDatabase::databaseWithHotJournalIsADatabaseAndIsRecovered()
+{
+    cScriptedInteraction seam;
+    QTemporaryDir crashed;
+    {
+        cTestSession session;
+        CopyHalfCommittedDatabase(crashed.path());
+    }
+    cTestSession session(cTestSession::Start::Empty);
+    Database().setDataDir(crashed.path());
+    QVERIFY(Database().Exists());
+    OpenSessionDatabase();
+    QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(), QStringLiteral("ok"));
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Master")).toInt(), 2000);
+    QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Master WHERE Surname = "
+                                      "'Half written'"))
+                 .toInt(),
+             0);
+    QVERIFY(!QFile::exists(Database().DataDb() + QStringLiteral("-journal")));
+    QCOMPARE(seam.Count(QStringLiteral("message|")), 0);
+}
+
+void TestDatabase::databaseIsADatabaseWhileAnotherConnectionWrites()
+{
+    for (const char *mode : {"DELETE", "WAL"}) {
+        cTestSession session;
+        const QString file = Database().DataDb();
+        Database().CloseDb();
+        cOtherConnection other(file);
+        QVERIFY(other.Run(QStringLiteral("PRAGMA journal_mode = ") + QString::fromLatin1(mode)));
+        QVERIFY(other.Run(QStringLiteral("BEGIN EXCLUSIVE")));
+        QVERIFY(other.Run(QStringLiteral("INSERT INTO Master (MasterId) VALUES (1)")));
+        QVERIFY2(Database().Exists(), mode);
+        QVERIFY(other.Run(QStringLiteral("ROLLBACK")));
+    }
+}
+
+void TestDatabase::fileMovedAsideTakesItsJournalAndLogWithIt()
+{
+    cScriptedInteraction seam;
+    cTestSession session(cTestSession::Start::Empty);
+    QDir().mkpath(Database().DataDir());
+    WriteTextFile(Database().DataDb(), "Not a database of ours.\n");
+    WriteTextFile(Database().DataDb() + QStringLiteral("-journal"), "its journal");
+    WriteTextFile(Database().DataDb() + QStringLiteral("-wal"), "its log");
+    QVERIFY(Database().Create());
+    const QStringList aside =
+        QDir(Database().DataDir()).entryList({QStringLiteral("Velmora-*.mdb")}, QDir::Files);
+    QCOMPARE(aside.size(), 1);
+    const QString kept = Database().DataDir() + aside.first();
+    QCOMPARE(FileBytes(kept + QStringLiteral("-journal")), QByteArray("its journal"));
+    QCOMPARE(FileBytes(kept + QStringLiteral("-wal")), QByteArray("its log"));
+    QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(), QStringLiteral("ok"));
+    Database().CloseDb();
+    QVERIFY(!QFile::exists(Database().DataDb() + QStringLiteral("-journal")));
+    QVERIFY(Database().Exists());
+}
+
+void TestDatabase::commitsGoToAWriteAheadLogThatIsEmptiedOnClose()
+{
+    cTestSession session;
+    QCOMPARE(SqlScalar(QStringLiteral("PRAGMA journal_mode")).toString(), QStringLiteral("wal"));
+    // 2 is FULL: a commit that has returned survives a power cut.
+    QCOMPARE(SqlScalar(QStringLiteral("PRAGMA synchronous")).toInt(), 2);
+    RunSql(QStringLiteral("INSERT INTO Master (MasterId, Surname) VALUES (1, 'Ames')"));
+    Database().CloseDb();
+    QVERIFY(!QFile::exists(Database().DataDb() + QStringLiteral("-wal")));
+    // The closed file alone holds everything, so a plain copy of it is a whole backup.
+    QTemporaryDir copyFolder;
+    QVERIFY(QFile::copy(Database().DataDb(), copyFolder.filePath(QStringLiteral("Velmora.mdb"))));
+    Database().setDataDir(copyFolder.path());
+    Database().OpenDb();
+    QCOMPARE(TextOf(SqlScalar(QStringLiteral("SELECT Surname FROM Master"))),
+             QStringLiteral("Ames"));
 }
 
 VELMORA_TEST_MAIN(TestDatabase)

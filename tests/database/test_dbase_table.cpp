@@ -304,6 +304,46 @@ private slots:
         QByteArray manyRows = good;
         manyRows[7] = char(0x90);
         QTest::newRow("impossible row count") << manyRows << QStringLiteral("not possible");
+
+        cDbaseWriter list(SmallListFields());
+        for (int row = 0; row < 200; ++row)
+            list.AddRow({"1000" + QByteArray::number(row) + "A", "Name", "100", "A"});
+        const QByteArray longList = list.Bytes();
+        // The header says one byte more than its fields take: every row would be
+        // read a byte late.
+        QByteArray longHeader = longList;
+        longHeader[8] = char(longHeader[8] + 1);
+        QTest::newRow("header one byte too long")
+            << longHeader << QStringLiteral("its header length, 258, does not agree with its 7");
+        QByteArray fewRows = longList;
+        fewRows[4] = 100;
+        QTest::newRow("row count smaller than the rows")
+            << fewRows << QStringLiteral("its header counts 100 rows, but the file holds more");
+        QByteArray longRows = longList;
+        longRows[10] = char(longRows[10] + 1);
+        QTest::newRow("rows longer than the fields")
+            << longRows << QStringLiteral("its rows are 54 bytes long, but its fields take 53");
+    }
+
+    void refusesARowWithoutDeletionFlag()
+    {
+        cDbaseWriter writer(SmallListFields());
+        for (int row = 0; row < 10; ++row)
+            writer.AddRow({"1000" + QByteArray::number(row) + "A", "Name", "100", "A"});
+        QByteArray bytes = writer.Bytes();
+        const int headerLength = 32 + 7 * 32 + 1;
+        bytes[headerLength + 4 * 53] = 'X';
+        QVERIFY(!WriteFile(folder_, QStringLiteral("flag.dbf"), bytes).isEmpty());
+        cDbaseTable dbf;
+        QVERIFY2(dbf.Open(folder_.path(), QStringLiteral("flag")), qPrintable(dbf.ErrorText()));
+        int rows = 0;
+        while (dbf.Next())
+            ++rows;
+        QCOMPARE(rows, 4);
+        QVERIFY(dbf.Failed());
+        QVERIFY2(
+            dbf.ErrorText().contains(QStringLiteral("row 5 does not begin with a deletion flag")),
+            qPrintable(dbf.ErrorText()));
     }
     void refusesFilesThatAreNotDbaseTables()
     {

@@ -3,11 +3,13 @@
 #include "database/sql.h"
 #include "session/globals.h"
 #include "support/dbase_writer.h"
+#include "support/full_disk.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTest>
@@ -93,6 +95,37 @@ class TestListLoad : public QObject
     Q_OBJECT
 
 private slots:
+    void loadOnAFullDiskKeepsTheOldListSaysWhyAndGoesOn()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        const QString list =
+            CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}));
+        const QString clubs =
+            CopySharedFile(QStringLiteral("grading-list/clubs.dbf"), session.Path({}));
+        QVERIFY(Database().LoadClubTable(clubs));
+        const qint64 clubCount = RowCount(QStringLiteral("Club"));
+        RunSql(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)"));
+        seam.Clear();
+        {
+            cFullDisk full(QFileInfo(Database().DataDb()).size() + 64 * 1024);
+            QVERIFY(!Database().LoadBCFMastList(list));
+        }
+        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
+        QCOMPARE(messages.size(), 1);
+        QVERIFY2(messages.first().startsWith(QStringLiteral(
+                     "message|exclamation|Velmora!|The BCF Master List could not be loaded.")),
+                 qPrintable(messages.first()));
+        QVERIFY2(messages.first().contains(QStringLiteral("disk")), qPrintable(messages.first()));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(RowCount(QStringLiteral("Club")), clubCount);
+        // With room again, the same load goes through on the same open database.
+        QVERIFY(Database().LoadBCFMastList(list));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),
+                 QStringLiteral("ok"));
+    }
+
     void loadsTheSharedGradingList()
     {
         cTestSession session;
@@ -316,7 +349,46 @@ private slots:
         QVERIFY(!Database().LoadBCFMastList(session.Path(QStringLiteral("Short.dbf"))));
         QVERIFY(Database().LoadFaultText().contains(QStringLiteral("has no field FIDECode")));
         QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
-        QCOMPARE(seam.Count(QStringLiteral("message|")), 1);
+        const QStringList messages = seam.CallsStartingWith(QStringLiteral("message|"));
+        QCOMPARE(messages.size(), 2);
+        QCOMPARE(messages[0], QStringLiteral("message|information|Velmora!|1,997 players loaded"));
+        QVERIFY(messages[1].contains(QStringLiteral("could not be loaded")));
+    }
+
+    void asksBeforeAFileOfNoPlayersEmptiesTheList()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        QVERIFY(!CopySharedFile(QStringLiteral("grading-list/Players.dbf"), session.Path({}))
+                     .isEmpty());
+        QVERIFY(Database().LoadBCFMastList(session.Path(QStringLiteral("Players.dbf"))));
+        cDbaseWriter writer(GradingListFields());
+        writer.AddRow(ListRow("4000A", "Deleted Player", "100", "C"), true);
+        writer.AddRow(ListRow("4001B", "Deleted Too", "100", "C"), true);
+        QVERIFY(writer.Save(session.Path(QStringLiteral("Deleted.dbf"))));
+        const QString deleted = session.Path(QStringLiteral("Deleted.dbf"));
+        seam.Clear();
+        seam.QueueAnswer(false);
+        QVERIFY(!Database().LoadBCFMastList(deleted));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
+        QCOMPARE(seam.CallsStartingWith(QStringLiteral("ask|")),
+                 QStringList{QStringLiteral("ask|Velmora!|The BCF Master List holds 1,997 "
+                                            "players. The file ") +
+                             QDir::toNativeSeparators(deleted) +
+                             QStringLiteral(" holds none, so loading it would leave the list "
+                                            "empty.\n\nDo you want to load it?")});
+        QCOMPARE(seam.Count(QStringLiteral("message|")), 0);
+
+        seam.Clear();
+        seam.QueueAnswer(true);
+        QVERIFY(Database().LoadBCFMastList(deleted));
+        QCOMPARE(RowCount(QStringLiteral("BCFMast")), 0);
+        QCOMPARE(seam.CallsStartingWith(QStringLiteral("message|")),
+                 QStringList{QStringLiteral("message|information|Velmora!|0 players loaded")});
+        // An empty list replaced by an empty file loses nothing and asks nothing.
+        seam.Clear();
+        QVERIFY(Database().LoadBCFMastList(deleted));
+        QCOMPARE(seam.Count(QStringLiteral("ask|")), 0);
     }
 
     void keepsTheOldListWhenAValueIsTooLong()
@@ -374,8 +446,8 @@ private slots:
         QCOMPARE(waitpid(child, &status, 0), child);
         QVERIFY(WIFSIGNALED(status));
         QCOMPARE(WTERMSIG(status), SIGKILL);
-        // The killed load left its journal behind; opening the file undoes it.
-        QVERIFY(QFile::exists(Database().DataDb() + QStringLiteral("-journal")));
+        // The killed load left its log behind; opening the file sets it aside.
+        QVERIFY(QFile::exists(Database().DataDb() + QStringLiteral("-wal")));
 
         Database().OpenDb();
         QCOMPARE(SqlScalar(QStringLiteral("PRAGMA integrity_check")).toString(),

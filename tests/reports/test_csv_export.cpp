@@ -7,10 +7,12 @@
 #include "session/player.h"
 #include "session/players.h"
 #include "session/tournament.h"
+#include "support/full_disk.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTest>
@@ -36,7 +38,8 @@ private slots:
     void tournamentValueWithACommaSplitsIt();
     void tournamentResultsAddScoreAndPerformance();
     void exportToAFileReplacesItAndSaysSo();
-    void exportToAFileThatCanNotBeOpenedIsAFailure();
+    void exportToAPlaceThatCanNotBeWrittenSaysWhyAndGoesOn();
+    void exportOnAFullDiskSaysWhyAndKeepsTheOldFile();
 
 private:
     std::unique_ptr<cTestSession> session_;
@@ -300,13 +303,47 @@ void TestCsvExport::exportToAFileReplacesItAndSaysSo()
     QCOMPARE(interaction_->Count(u"message|"_s), 1);
 }
 
-void TestCsvExport::exportToAFileThatCanNotBeOpenedIsAFailure()
+void TestCsvExport::exportToAPlaceThatCanNotBeWrittenSaysWhyAndGoesOn()
 {
     MakeMaster(u"Abbott"_s, u"Amy"_s, QString());
     cExportOptions options;
     options.Destination = session_->Path(u"no such folder/Export.csv"_s);
-    QVERIFY_THROWS_EXCEPTION(cFatalFault, Control().ListPlayersExport(options));
-    QCOMPARE(interaction_->Count(u"message|"_s), 0);
+    Control().ListPlayersExport(options);
+    const QStringList messages = interaction_->CallsStartingWith(u"message|"_s);
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages.first().startsWith(u"message|exclamation|Velmora!|The export file "_s) &&
+                 messages.first().contains(u"could not be written."_s),
+             qPrintable(messages.first()));
+    QVERIFY(!QFile::exists(options.Destination));
+}
+
+void TestCsvExport::exportOnAFullDiskSaysWhyAndKeepsTheOldFile()
+{
+    for (int id = 0; id < 200; ++id)
+        MakeMaster(u"Abbott"_s + QString::number(id), u"Amy"_s, QString());
+    MakeTournament(QString(), QString());
+    cExportOptions options;
+    options.Destination = session_->Path(u"Export.csv"_s);
+    {
+        QFile old(options.Destination);
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("the export before\r\n");
+    }
+    {
+        cFullDisk full(32);
+        Control().ListPlayersExport(options);
+        Control().Tournament()->Players().ListPlayersExport(options);
+    }
+    const QStringList messages = interaction_->CallsStartingWith(u"message|"_s);
+    QCOMPARE(messages.size(), 2);
+    for (const QString &message : messages)
+        QVERIFY2(message.startsWith(u"message|exclamation|Velmora!|The export file "_s),
+                 qPrintable(message));
+    QFile file(options.Destination);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("the export before\r\n"));
+    QCOMPARE(QDir(session_->Path(QString())).entryList({u"Export.csv*"_s}, QDir::Files),
+             QStringList{u"Export.csv"_s});
 }
 
 VELMORA_TEST_MAIN(TestCsvExport)

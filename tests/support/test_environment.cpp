@@ -46,7 +46,9 @@ QString cTestSession::Path(const QString &name) const
 
 QString CopySharedFile(const QString &relativePath, const QString &folder)
 {
-    const QString source = QStringLiteral(VELMORA_SHARED_DATA) + u'/' + relativePath;
+    QString source = QStringLiteral(VELMORA_SAMPLE_DATA) + u'/' + relativePath;
+    if (!QFileInfo::exists(source))
+        source = QStringLiteral(VELMORA_SHARED_DATA) + u'/' + relativePath;
     const QString target = folder + u'/' + QFileInfo(relativePath).fileName();
     QFile::remove(target);
     if (!QFile::copy(source, target))

@@ -25,7 +25,8 @@ private:
     QTemporaryDir folder_;
 };
 
-// Copies a file from the shared sample data into folder, writable.
+// Copies a sample file (tests/data/samples, else the optional extra folder beside
+// the repository) into folder, writable.
 QString CopySharedFile(const QString &relativePath, const QString &folder);
 // Copies the sample DOS data folder (its five tables) into folder; false on failure.
 bool CopySharedDosFolder(const QString &folder);

@@ -170,7 +170,8 @@ void TestLoadLists::gradingListChosenByBrowseReplacesTheListAndEnablesMatching()
     QCOMPARE(RowCount(QStringLiteral("BCFMast")), 1997);
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("progress-start|")),
              QStringList{QStringLiteral("progress-start|Copying the BCF Master List|2000")});
-    QCOMPARE(seam_->Count(QStringLiteral("message|")), 0);
+    QCOMPARE(seam_->CallsStartingWith(QStringLiteral("message|")),
+             QStringList{QStringLiteral("message|information|Velmora!|1,997 players loaded")});
     QVERIFY(match->isEnabled());
     QCOMPARE(BusyCount(), qint16(0));
 }
@@ -199,6 +200,8 @@ void TestLoadLists::clubListChosenByBrowseReplacesTheClubs()
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("progress-start|")),
              QStringList{QStringLiteral(
                  "progress-start|Copying the Club table from the Velmora DOS database|600")});
+    QCOMPARE(seam_->CallsStartingWith(QStringLiteral("message|")),
+             QStringList{QStringLiteral("message|information|Velmora!|600 clubs loaded")});
     // The grading list is not touched by a load of the clubs.
     QCOMPARE(RowCount(QStringLiteral("BCFMast")), 2);
     QCOMPARE(BusyCount(), qint16(0));
