@@ -225,8 +225,13 @@ void cEntrantList::HeadingClicked(int column)
     if (model_->rowCount() == 0)
         return;
     const QString key = SelKey();
-    const bool ascending = column == model_->SortColumn() ? !model_->SortAscending() : true;
-    model_->SortBy(column, ascending);
+    model_->HeadingClicked(column);
     setSelKey(key);
     setFocus();
+}
+
+void cEntrantListModel::HeadingClicked(int column)
+{
+    SortBy(column, column == clickedColumn_ ? !ascending_ : true);
+    clickedColumn_ = column;
 }

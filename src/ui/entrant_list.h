@@ -28,8 +28,8 @@ public:
     void Reload();
     // Sorts by the text of a column, ascending or descending; equal texts keep their order.
     void SortBy(int column, bool ascending);
-    int SortColumn() const { return sortColumn_; }
-    bool SortAscending() const { return ascending_; }
+    // A click on a heading: ascending at the first click on it, then the other way.
+    void HeadingClicked(int column);
     QString Text(int row, int column) const;
     // The row of the key, or -1.
     int RowOfKey(const QString &key) const;
@@ -43,6 +43,7 @@ private:
     std::vector<Row> rows_;
     int sortColumn_ = Pin;
     bool ascending_ = true;
+    int clickedColumn_ = -1;
 };
 
 // The grid of the entrants: a click on a heading sorts on that column, ascending

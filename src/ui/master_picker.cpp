@@ -165,7 +165,7 @@ cMasterPicker::cMasterPicker(QWidget *parent) : QWidget(parent)
         if (model_->rowCount() == 0)
             return;
         const QString key = SelKey();
-        model_->SortBy(column, column == model_->SortColumn() ? !model_->SortAscending() : true);
+        model_->HeadingClicked(column);
         setSelKey(key);
         lstMaster->setFocus();
     });
@@ -242,4 +242,10 @@ void cMasterPicker::TabSelected(int tab)
     const bool search = tabChar->tabText(tab) == QStringLiteral("?");
     searchRow_->setVisible(search);
     DisplayList();
+}
+
+void cMasterRowsModel::HeadingClicked(int column)
+{
+    SortBy(column, column == clickedColumn_ ? !ascending_ : true);
+    clickedColumn_ = column;
 }

@@ -30,8 +30,8 @@ public:
 
     void Load(const QString &filter);
     void SortBy(int column, bool ascending);
-    int SortColumn() const { return sortColumn_; }
-    bool SortAscending() const { return ascending_; }
+    // A click on a heading: ascending at the first click on it, then the other way.
+    void HeadingClicked(int column);
     QString Text(int row, int column) const;
     int RowOfKey(const QString &key) const;
 
@@ -44,6 +44,7 @@ private:
     std::vector<Row> rows_;
     int sortColumn_ = Name;
     bool ascending_ = true;
+    int clickedColumn_ = -1;
 };
 
 // The register side of the entry desk: a tab for each initial and a "?" tab that

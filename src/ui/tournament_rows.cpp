@@ -87,8 +87,10 @@ void cTournamentRowsModel::HeadingClicked(int column)
     const int sortColumn = column == Dates ? DateOrder : column;
     const bool firstAscending = sortColumn != DateOrder;
     beginResetModel();
-    ascending_ = sortColumn == sortColumn_ ? !ascending_ : firstAscending;
+    // The first click on a heading sorts its first way, whatever order the list had.
+    ascending_ = sortColumn == clickedColumn_ ? !ascending_ : firstAscending;
     sortColumn_ = sortColumn;
+    clickedColumn_ = sortColumn;
     Sort();
     endResetModel();
 }

@@ -38,4 +38,6 @@ private:
     std::vector<Row> rows_;
     int sortColumn_ = DateOrder;
     bool ascending_ = false;
+    // The column whose heading was clicked last; none before the first click.
+    int clickedColumn_ = -1;
 };
