@@ -7,11 +7,12 @@
 #include "session/player.h"
 #include "session/players.h"
 #include "session/tournament.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_master_list.h"
 #include "ui/cntl_player_list.h"
 #include "ui/entrant_list.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_pins.h"
-#include "ui/master_picker.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -37,7 +38,8 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
     setObjectName(QStringLiteral("frmPlayerList"));
     setWindowTitle(tr("Player List"));
 
-    lstMaster = new cMasterPicker(this);
+    lstMaster = new cntlMasterList(this);
+    lstMaster->setDisplayType(qint32(DataListKind::Master));
     cmdAdd = NewCommand(this, "cmdAdd", tr(">>>"));
     lstPlayer = new cntlPlayerList(this);
     lstPlayer->setObjectName(QStringLiteral("lstPlayer"));
@@ -77,8 +79,8 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
     layout->addWidget(sbMsg);
     resize(980, 560);
 
-    connect(lstMaster, &cMasterPicker::SelectionChanged, this, &frmPlayerList::lstMaster_Click);
-    connect(lstMaster, &cMasterPicker::RowDoubleClicked, this, [this] {
+    connect(lstMaster, &cntlMasterList::SelectionChanged, this, &frmPlayerList::lstMaster_Click);
+    connect(lstMaster, &cntlMasterList::DoubleClicked, this, [this] {
         if (cmdAdd->isEnabled())
             cmdAdd_Click();
     });

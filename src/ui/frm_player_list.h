@@ -4,7 +4,7 @@
 
 class QPushButton;
 class QStatusBar;
-class cMasterPicker;
+class cntlMasterList;
 class cntlPlayerList;
 
 // The entry desk: the register on the left, the open tournament's entrants on the
@@ -19,7 +19,7 @@ public:
     // Enables the commands of both sides from what is selected.
     void SetEntryCommands();
 
-    cMasterPicker *lstMaster;
+    cntlMasterList *lstMaster;
     cntlPlayerList *lstPlayer;
     QPushButton *cmdAdd;
     QPushButton *cmdPlayerNew;

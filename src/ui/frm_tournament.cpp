@@ -8,9 +8,9 @@
 #include "session/players.h"
 #include "session/tournament.h"
 #include "session/user_interaction.h"
+#include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
 #include "ui/commands.h"
-#include "ui/entrant_list.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
@@ -48,8 +48,9 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     cmdTUpdate = NewCommand(this, "cmdTUpdate", tr("Update"));
     cmdTNextRound = NewCommand(this, "cmdTNextRound", tr("Next Round"));
     cmdTPin = NewCommand(this, "cmdTPin", tr("Allocate Pins"));
-    lstPlayer = new cEntrantList(this);
+    lstPlayer = new cntlDataList(this);
     lstPlayer->setObjectName(QStringLiteral("lstPlayer"));
+    lstPlayer->setDisplayType(qint32(DataListKind::Entrants));
     cmdAdd = NewCommand(this, "cmdAdd", tr("Update Player List"));
     cmdUpdate = NewCommand(this, "cmdUpdate", tr("Update"));
     cmdWithdraw = NewCommand(this, "cmdWithdraw", tr("Withdraw"));
@@ -83,10 +84,8 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     connect(cmdAdd, &QPushButton::clicked, this, &frmTournament::cmdAdd_Click);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmTournament::cmdUpdate_Click);
     connect(cmdWithdraw, &QPushButton::clicked, this, &frmTournament::cmdWithdraw_Click);
-    connect(lstPlayer, &cEntrantList::SelectionChanged, this, &frmTournament::lstPlayer_Click);
-    connect(lstPlayer, &cEntrantList::RowDoubleClicked, this, &frmTournament::cmdView_Click);
-    connect(lstPlayer->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &frmTournament::lstPlayer_Click);
+    connect(lstPlayer, &cntlDataList::SelectionChanged, this, &frmTournament::lstPlayer_Click);
+    connect(lstPlayer, &cntlDataList::DoubleClicked, this, &frmTournament::cmdView_Click);
 
     tournamentControl->setTournament(Control().Tournament());
     tournamentControl->setDisplayMode(cntlTournament::View);

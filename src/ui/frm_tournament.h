@@ -4,7 +4,7 @@
 
 class QGroupBox;
 class QPushButton;
-class cEntrantList;
+class cntlDataList;
 class cntlTournament;
 
 // The window of the open tournament, where the director works: its details, its
@@ -27,7 +27,7 @@ public:
 
     QGroupBox *fTournament;
     cntlTournament *tournamentControl;
-    cEntrantList *lstPlayer;
+    cntlDataList *lstPlayer;
     QPushButton *cmdTLocked;
     QPushButton *cmdTUpdate;
     QPushButton *cmdTNextRound;

@@ -7,15 +7,13 @@
 #include "session/players.h"
 #include "session/results.h"
 #include "session/tournament.h"
+#include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
 #include "ui/frm_main.h"
 #include "ui/frm_tournament_details.h"
-#include "ui/tournament_rows.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QPushButton>
-#include <QTableView>
 #include <QVBoxLayout>
 
 namespace {
@@ -37,21 +35,9 @@ frmTournamentOpen::frmTournamentOpen(QWidget *parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmTournamentOpen"));
     setWindowTitle(tr("Open Tournament"));
-    model_ = new cTournamentRowsModel(this);
-    lstVelmora = new QTableView(this);
+    lstVelmora = new cntlDataList(this);
     lstVelmora->setObjectName(QStringLiteral("lstVelmora"));
-    lstVelmora->setModel(model_);
-    lstVelmora->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lstVelmora->setSelectionMode(QAbstractItemView::SingleSelection);
-    lstVelmora->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lstVelmora->setTabKeyNavigation(false);
-    lstVelmora->verticalHeader()->hide();
-    lstVelmora->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    lstVelmora->setColumnHidden(cTournamentRowsModel::Key, true);
-    lstVelmora->setColumnHidden(cTournamentRowsModel::DateOrder, true);
-    lstVelmora->setColumnWidth(cTournamentRowsModel::Name,
-                               fontMetrics().horizontalAdvance(QString(60, u'n')));
-    lstVelmora->horizontalHeader()->setStretchLastSection(true);
+    lstVelmora->setDisplayType(qint32(DataListKind::Tournaments));
     cmdNew = NewCommand(this, "cmdNew", tr("New"));
     cmdCopy = NewCommand(this, "cmdCopy", tr("Copy"));
     cmdDelete = NewCommand(this, "cmdDelete", tr("Delete"));
@@ -72,15 +58,7 @@ frmTournamentOpen::frmTournamentOpen(QWidget *parent) : QDialog(parent)
     setMinimumHeight(MinimumHeightTwips / TwipsPerPixel);
     resize(fontMetrics().horizontalAdvance(QString(90, u'n')), 420);
 
-    connect(lstVelmora->horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
-        if (model_->rowCount() == 0)
-            return;
-        const QString key = SelKey();
-        model_->HeadingClicked(column);
-        setSelKey(key);
-        lstVelmora->setFocus();
-    });
-    connect(lstVelmora, &QTableView::doubleClicked, this, [this] {
+    connect(lstVelmora, &cntlDataList::DoubleClicked, this, [this] {
         if (cmdOk->isEnabled())
             cmdOk_Click();
     });
@@ -90,37 +68,17 @@ frmTournamentOpen::frmTournamentOpen(QWidget *parent) : QDialog(parent)
     connect(cmdDelete, &QPushButton::clicked, this, &frmTournamentOpen::cmdDelete_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    model_->Load();
-    if (model_->rowCount() > 0) {
-        const auto open = Control().Tournament();
-        setSelKey(open ? open->TournId() : QString());
-    }
-    connect(lstVelmora->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &frmTournamentOpen::SetCommands);
+    lstVelmora->DisplayList();
+    if (const auto open = Control().Tournament())
+        lstVelmora->setSelKey(open->TournId());
+    connect(lstVelmora, &cntlDataList::SelectionChanged, this, &frmTournamentOpen::SetCommands);
     SetCommands();
-    lstVelmora->setFocus();
-}
-
-QString frmTournamentOpen::SelKey() const
-{
-    const QModelIndex current = lstVelmora->currentIndex();
-    return model_->Text(current.isValid() ? current.row() : 0, cTournamentRowsModel::Key);
-}
-
-void frmTournamentOpen::setSelKey(const QString &key)
-{
-    if (model_->rowCount() == 0)
-        return;
-    const int found = model_->RowOfKey(key.trimmed());
-    const QModelIndex index = model_->index(found < 0 ? 0 : found, cTournamentRowsModel::Name);
-    lstVelmora->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                             QItemSelectionModel::Rows);
-    lstVelmora->scrollTo(index);
+    lstVelmora->SetFocus();
 }
 
 void frmTournamentOpen::SetCommands()
 {
-    const bool selected = !SelKey().isEmpty();
+    const bool selected = !lstVelmora->SelKey().isEmpty();
     cmdCopy->setEnabled(selected);
     cmdDelete->setEnabled(selected);
     cmdOk->setEnabled(selected);
@@ -128,7 +86,7 @@ void frmTournamentOpen::SetCommands()
 
 void frmTournamentOpen::cmdOk_Click()
 {
-    const QString key = SelKey();
+    const QString key = lstVelmora->SelKey();
     if (key.isEmpty())
         return;
     cBusySection busy;
@@ -155,7 +113,7 @@ void frmTournamentOpen::cmdNew_Click()
 
 void frmTournamentOpen::cmdCopy_Click()
 {
-    const QString key = SelKey();
+    const QString key = lstVelmora->SelKey();
     if (key.isEmpty())
         return;
     // The open tournament stays whole in memory, so a cancelled copy leaves it as it was.
@@ -173,7 +131,7 @@ void frmTournamentOpen::cmdCopy_Click()
 
 void frmTournamentOpen::cmdDelete_Click()
 {
-    const QString key = SelKey();
+    const QString key = lstVelmora->SelKey();
     if (key.isEmpty())
         return;
     const auto previous = Control().Tournament();

@@ -3,8 +3,7 @@
 #include <QDialog>
 
 class QPushButton;
-class QTableView;
-class cTournamentRowsModel;
+class cntlDataList;
 
 // The list of tournaments, newest first, from which one is opened, created, copied
 // or deleted.
@@ -21,11 +20,7 @@ public:
     int Action = Opened;
     bool Cancelled = true;
 
-    // The key of the selected tournament, or "" with an empty list.
-    QString SelKey() const;
-    void setSelKey(const QString &key);
-
-    QTableView *lstVelmora;
+    cntlDataList *lstVelmora;
     QPushButton *cmdNew;
     QPushButton *cmdCopy;
     QPushButton *cmdDelete;
@@ -38,6 +33,4 @@ private:
     void cmdNew_Click();
     void cmdCopy_Click();
     void cmdDelete_Click();
-
-    cTournamentRowsModel *model_;
 };

@@ -8,13 +8,14 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_master_list.h"
 #include "ui/cntl_player_details.h"
 #include "ui/cntl_player_list.h"
 #include "ui/entrant_list.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
-#include "ui/master_picker.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -44,8 +45,8 @@ void ChooseTab(frmPlayerList &desk, const QString &caption)
 
 void ClickMasterRow(frmPlayerList &desk, int row)
 {
-    QTableView *list = desk.lstMaster->lstMaster;
-    const QRect cell = list->visualRect(list->model()->index(row, cMasterRowsModel::Name));
+    QTableView *list = desk.lstMaster->lstMaster->lstData;
+    const QRect cell = list->visualRect(list->model()->index(row, cDataListModel::NameColumn));
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, cell.center());
 }
 
@@ -100,7 +101,7 @@ void TestFrmPlayerList::registerShowsNobodyUntilATabIsChosen()
     QCOMPARE(desk.lstMaster->tabChar->count(), 27);
     QCOMPARE(desk.lstMaster->tabChar->tabText(0), QStringLiteral("?"));
     QCOMPARE(desk.lstMaster->tabChar->tabText(26), QStringLiteral("Z"));
-    QCOMPARE(desk.lstMaster->lstMaster->model()->rowCount(), 0);
+    QCOMPARE(desk.lstMaster->lstMaster->lstData->model()->rowCount(), 0);
     QVERIFY(!desk.cmdAdd->isEnabled());
     QVERIFY(!desk.lstMaster->cmdSearch->isEnabled());
 }
@@ -117,10 +118,12 @@ void TestFrmPlayerList::letterTabListsTheSurnamesOfThatLetter()
     frmPlayerList desk;
     ShowActive(desk);
     ChooseTab(desk, QStringLiteral("A"));
-    QAbstractItemModel *rows = desk.lstMaster->lstMaster->model();
+    QAbstractItemModel *rows = desk.lstMaster->lstMaster->lstData->model();
     QCOMPARE(rows->rowCount(), 2);
-    QCOMPARE(rows->index(0, cMasterRowsModel::Name).data().toString(), QStringLiteral("Abbot, Di"));
-    QCOMPARE(rows->index(1, cMasterRowsModel::Name).data().toString(), QStringLiteral("Ames, Jo"));
+    QCOMPARE(rows->index(0, cDataListModel::NameColumn).data().toString(),
+             QStringLiteral("Abbot, Di"));
+    QCOMPARE(rows->index(1, cDataListModel::NameColumn).data().toString(),
+             QStringLiteral("Ames, Jo"));
     QVERIFY(!desk.lstMaster->txtSearch->isVisible());
     QVERIFY(desk.cmdAdd->isEnabled());
 }
@@ -140,10 +143,11 @@ void TestFrmPlayerList::searchTabFindsByTheStartOfTheSurname()
     QTest::keyClicks(desk.lstMaster->txtSearch, QStringLiteral("smi"));
     QVERIFY(desk.lstMaster->cmdSearch->isEnabled());
     QTest::mouseClick(desk.lstMaster->cmdSearch, Qt::LeftButton);
-    QAbstractItemModel *rows = desk.lstMaster->lstMaster->model();
+    QAbstractItemModel *rows = desk.lstMaster->lstMaster->lstData->model();
     QCOMPARE(rows->rowCount(), 1);
-    QCOMPARE(rows->index(0, cMasterRowsModel::Name).data().toString(), QStringLiteral("Smith, Al"));
-    QVERIFY(desk.lstMaster->lstMaster->hasFocus());
+    QCOMPARE(rows->index(0, cDataListModel::NameColumn).data().toString(),
+             QStringLiteral("Smith, Al"));
+    QVERIFY(desk.lstMaster->lstMaster->lstData->hasFocus());
 }
 
 void TestFrmPlayerList::searchTextWithPatternCharactersMatchesThemLiterally()
@@ -158,11 +162,11 @@ void TestFrmPlayerList::searchTextWithPatternCharactersMatchesThemLiterally()
     for (const QString &text : {QStringLiteral("%"), QStringLiteral("_"), QStringLiteral("\"")}) {
         ReplaceText(desk.lstMaster->txtSearch, text);
         QTest::mouseClick(desk.lstMaster->cmdSearch, Qt::LeftButton);
-        QCOMPARE(desk.lstMaster->lstMaster->model()->rowCount(), 0);
+        QCOMPARE(desk.lstMaster->lstMaster->lstData->model()->rowCount(), 0);
     }
     ReplaceText(desk.lstMaster->txtSearch, QStringLiteral("O'"));
     QTest::mouseClick(desk.lstMaster->cmdSearch, Qt::LeftButton);
-    QCOMPARE(desk.lstMaster->lstMaster->model()->rowCount(), 1);
+    QCOMPARE(desk.lstMaster->lstMaster->lstData->model()->rowCount(), 1);
 }
 
 void TestFrmPlayerList::addEntersTheSelectedPersonAndIsThenDisabled()
@@ -204,8 +208,8 @@ void TestFrmPlayerList::doubleClickOnTheRegisterAdds()
     frmPlayerList desk;
     ShowActive(desk);
     ChooseTab(desk, QStringLiteral("A"));
-    QTableView *list = desk.lstMaster->lstMaster;
-    const QRect cell = list->visualRect(list->model()->index(0, cMasterRowsModel::Name));
+    QTableView *list = desk.lstMaster->lstMaster->lstData;
+    const QRect cell = list->visualRect(list->model()->index(0, cDataListModel::NameColumn));
     // A double click starts with the press of its first click.
     QTest::mousePress(list->viewport(), Qt::LeftButton, {}, cell.center());
     QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, cell.center());

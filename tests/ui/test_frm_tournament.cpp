@@ -10,9 +10,9 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_data_list.h"
 #include "ui/cntl_player_details.h"
 #include "ui/cntl_tournament.h"
-#include "ui/entrant_list.h"
 #include "ui/frm_msg.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
@@ -28,6 +28,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTest>
 
 namespace {
@@ -35,19 +36,19 @@ namespace {
 // The row of the list that shows the entrant, or -1.
 int RowOf(const frmTournament &window, const cPlayer &player)
 {
-    return window.lstPlayer->Model()->RowOfKey(player.PlayerId());
+    return window.lstPlayer->Model()->FindKey(player.PlayerId());
 }
 
 void ClickRow(frmTournament &window, int row)
 {
-    const QRect cell = window.lstPlayer->visualRect(
-        window.lstPlayer->Model()->index(row, cEntrantListModel::Name));
-    QTest::mouseClick(window.lstPlayer->viewport(), Qt::LeftButton, {}, cell.center());
+    const QRect cell = window.lstPlayer->lstData->visualRect(
+        window.lstPlayer->Model()->index(row, cDataListModel::EntrantNameColumn));
+    QTest::mouseClick(window.lstPlayer->lstData->viewport(), Qt::LeftButton, {}, cell.center());
 }
 
 QString Cell(const frmTournament &window, int row, int column)
 {
-    return window.lstPlayer->Model()->Text(row, column);
+    return window.lstPlayer->Model()->Cell(row, column);
 }
 
 } // namespace
@@ -93,13 +94,13 @@ void TestFrmTournament::showsTheDetailsAndTheEntrantsWithPinsGradesAndScores()
     QCOMPARE(window.tournamentControl->txtCurrRound->text(), QStringLiteral("1"));
     QCOMPARE(window.lstPlayer->Model()->rowCount(), 2);
     // Sorted on the pin column, ascending.
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Name), QStringLiteral("Best, Al"));
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Pin), QStringLiteral("  1"));
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Score), QStringLiteral(" 0 /1"));
-    QCOMPARE(Cell(window, 1, cEntrantListModel::Grade), QStringLiteral("150 "));
-    QCOMPARE(Cell(window, 1, cEntrantListModel::Score), QStringLiteral(" 1 /1"));
-    QVERIFY(window.lstPlayer->isColumnHidden(cEntrantListModel::Key));
-    QVERIFY(window.lstPlayer->isColumnHidden(cEntrantListModel::Withdrawn));
+    QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("Best, Al"));
+    QCOMPARE(Cell(window, 0, cDataListModel::PinColumn), QStringLiteral("  1"));
+    QCOMPARE(Cell(window, 0, cDataListModel::ScoreColumn), QStringLiteral(" 0 /1"));
+    QCOMPARE(Cell(window, 1, cDataListModel::GradeColumn), QStringLiteral("150 "));
+    QCOMPARE(Cell(window, 1, cDataListModel::ScoreColumn), QStringLiteral(" 1 /1"));
+    QVERIFY(window.lstPlayer->lstData->isColumnHidden(cDataListModel::KeyColumn));
+    QVERIFY(window.lstPlayer->lstData->isColumnHidden(cDataListModel::WithdrawnColumn));
 }
 
 void TestFrmTournament::commandsOfAnUnlockedTournamentWithNobodySelected()
@@ -198,9 +199,9 @@ void TestFrmTournament::lockedTournamentDisablesItsCommandsAndStillViewsOnDouble
             QTest::mouseClick(details->cmdCancel, Qt::LeftButton);
         },
         &shown);
-    const QRect cell =
-        window.lstPlayer->visualRect(window.lstPlayer->Model()->index(0, cEntrantListModel::Name));
-    QTest::mouseDClick(window.lstPlayer->viewport(), Qt::LeftButton, {}, cell.center());
+    const QRect cell = window.lstPlayer->lstData->visualRect(
+        window.lstPlayer->Model()->index(0, cDataListModel::EntrantNameColumn));
+    QTest::mouseDClick(window.lstPlayer->lstData->viewport(), Qt::LeftButton, {}, cell.center());
     QTRY_VERIFY(shown);
 }
 
@@ -219,7 +220,7 @@ void TestFrmTournament::withdrawTwiceReinstatesAndTheStrikeThroughGoes()
     QVERIFY(ames->Withdrawn());
     QCOMPARE(SqlScalar(QStringLiteral("Select Withdrawn From Player")).toBool(), true);
     const QModelIndex name =
-        window.lstPlayer->Model()->index(RowOf(window, *ames), cEntrantListModel::Name);
+        window.lstPlayer->Model()->index(RowOf(window, *ames), cDataListModel::EntrantNameColumn);
     QVERIFY(name.data(Qt::FontRole).value<QFont>().strikeOut());
     QVERIFY(name.data(Qt::FontRole).value<QFont>().bold());
     QCOMPARE(window.cmdWithdraw->text(), QStringLiteral("Reinstate"));
@@ -228,7 +229,7 @@ void TestFrmTournament::withdrawTwiceReinstatesAndTheStrikeThroughGoes()
     QTest::mouseClick(window.cmdWithdraw, Qt::LeftButton);
     QVERIFY(!ames->Withdrawn());
     QVERIFY(!window.lstPlayer->Model()
-                 ->index(RowOf(window, *ames), cEntrantListModel::Name)
+                 ->index(RowOf(window, *ames), cDataListModel::EntrantNameColumn)
                  .data(Qt::FontRole)
                  .isValid());
     QCOMPARE(window.cmdWithdraw->text(), QStringLiteral("Withdraw"));
@@ -276,7 +277,7 @@ void TestFrmTournament::updateOfAnEntrantShowsTheChange()
         &shown);
     QTest::mouseClick(window.cmdUpdate, Qt::LeftButton);
     QVERIFY(shown);
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Name), QStringLiteral("Amesbury, Jo"));
+    QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("Amesbury, Jo"));
     // An entrant with no register record asks nothing.
     QCOMPARE(seam.Count(QStringLiteral("ask|")), 0);
 }
@@ -321,8 +322,8 @@ void TestFrmTournament::allocatePinsByGradeShowsThePinsAndTheirCheck()
     QCOMPARE(high->Pin(), QStringLiteral("1"));
     QCOMPARE(middle->Pin(), QStringLiteral("2"));
     QCOMPARE(low->Pin(), QStringLiteral("3"));
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Name), QStringLiteral("High, Bo"));
-    QCOMPARE(Cell(window, 2, cEntrantListModel::Pin), QStringLiteral("  3"));
+    QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("High, Bo"));
+    QCOMPARE(Cell(window, 2, cDataListModel::PinColumn), QStringLiteral("  3"));
     QCOMPARE(SqlScalar(QStringLiteral("Select Pin From Player Where Surname = 'Low'")).toInt(), 3);
 }
 
@@ -406,11 +407,11 @@ void TestFrmTournament::headingClickSortsAndKeepsTheSelection()
     ShowActive(window);
     ClickRow(window, 1);
     QCOMPARE(window.lstPlayer->SelKey(), ames->PlayerId());
-    window.lstPlayer->horizontalHeader()->sectionClicked(cEntrantListModel::Name);
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Name), QStringLiteral("Ames, B"));
+    window.lstPlayer->ClickHeading(cDataListModel::EntrantNameColumn);
+    QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("Ames, B"));
     QCOMPARE(window.lstPlayer->SelKey(), ames->PlayerId());
-    window.lstPlayer->horizontalHeader()->sectionClicked(cEntrantListModel::Name);
-    QCOMPARE(Cell(window, 0, cEntrantListModel::Name), QStringLiteral("Cole, A"));
+    window.lstPlayer->ClickHeading(cDataListModel::EntrantNameColumn);
+    QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("Cole, A"));
     QCOMPARE(window.lstPlayer->SelKey(), ames->PlayerId());
 }
 

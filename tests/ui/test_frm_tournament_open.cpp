@@ -9,10 +9,10 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
 #include "ui/frm_tournament_details.h"
 #include "ui/frm_tournament_open.h"
-#include "ui/tournament_rows.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -34,13 +34,13 @@ std::shared_ptr<cTournament> Dated(const QString &title, const QString &from, co
 
 QString Cell(const frmTournamentOpen &dialog, int row, int column)
 {
-    return dialog.lstVelmora->model()->index(row, column).data().toString();
+    return dialog.lstVelmora->Model()->Cell(row, column);
 }
 
 void SelectRowOf(frmTournamentOpen &dialog, const QString &id)
 {
-    dialog.setSelKey(id);
-    QCOMPARE(dialog.SelKey(), id);
+    dialog.lstVelmora->setSelKey(id);
+    QCOMPARE(dialog.lstVelmora->SelKey(), id);
 }
 
 } // namespace
@@ -79,13 +79,13 @@ void TestFrmTournamentOpen::listsTournamentsNewestFirstWithTheOpenOneSelected()
     ShowActive(dialog);
     QCOMPARE(dialog.windowTitle(), QStringLiteral("Open Tournament"));
     QCOMPARE(dialog.cmdOk->text(), QStringLiteral("Open"));
-    QCOMPARE(Cell(dialog, 0, cTournamentRowsModel::Name), QStringLiteral("New: "));
-    QCOMPARE(Cell(dialog, 1, cTournamentRowsModel::Name), QStringLiteral("Mid: Open"));
-    QCOMPARE(Cell(dialog, 1, cTournamentRowsModel::Dates),
+    QCOMPARE(Cell(dialog, 0, cDataListModel::TitleColumn), QStringLiteral("New: "));
+    QCOMPARE(Cell(dialog, 1, cDataListModel::TitleColumn), QStringLiteral("Mid: Open"));
+    QCOMPARE(Cell(dialog, 1, cDataListModel::DatesColumn),
              QStringLiteral("01/06/2023 - 03/06/2023"));
-    QCOMPARE(Cell(dialog, 2, cTournamentRowsModel::Name), QStringLiteral("Old: "));
+    QCOMPARE(Cell(dialog, 2, cDataListModel::TitleColumn), QStringLiteral("Old: "));
     // The open tournament (the last made) is selected.
-    QCOMPARE(dialog.SelKey(), middle->TournId());
+    QCOMPARE(dialog.lstVelmora->SelKey(), middle->TournId());
     QVERIFY(dialog.cmdOk->isEnabled());
     QVERIFY(dialog.cmdCopy->isEnabled());
     QVERIFY(dialog.cmdDelete->isEnabled());
@@ -96,7 +96,7 @@ void TestFrmTournamentOpen::aTournamentWithoutEndDateShowsOneDate()
     cTestSession session;
     Dated(QStringLiteral("One day"), QStringLiteral("05/05/2025"), QString());
     frmTournamentOpen dialog;
-    QCOMPARE(Cell(dialog, 0, cTournamentRowsModel::Dates), QStringLiteral("05/05/2025"));
+    QCOMPARE(Cell(dialog, 0, cDataListModel::DatesColumn), QStringLiteral("05/05/2025"));
 }
 
 void TestFrmTournamentOpen::secondClickOnDatesGivesOldestFirst()
@@ -108,11 +108,11 @@ void TestFrmTournamentOpen::secondClickOnDatesGivesOldestFirst()
     frmTournamentOpen dialog;
     ShowActive(dialog);
     SelectRowOf(dialog, old->TournId());
-    dialog.lstVelmora->horizontalHeader()->sectionClicked(cTournamentRowsModel::Dates);
-    QCOMPARE(Cell(dialog, 0, cTournamentRowsModel::Name), QStringLiteral("New: "));
-    dialog.lstVelmora->horizontalHeader()->sectionClicked(cTournamentRowsModel::Dates);
-    QCOMPARE(Cell(dialog, 0, cTournamentRowsModel::Name), QStringLiteral("Old: "));
-    QCOMPARE(dialog.SelKey(), old->TournId());
+    dialog.lstVelmora->ClickHeading(cDataListModel::DatesColumn);
+    QCOMPARE(Cell(dialog, 0, cDataListModel::TitleColumn), QStringLiteral("New: "));
+    dialog.lstVelmora->ClickHeading(cDataListModel::DatesColumn);
+    QCOMPARE(Cell(dialog, 0, cDataListModel::TitleColumn), QStringLiteral("Old: "));
+    QCOMPARE(dialog.lstVelmora->SelKey(), old->TournId());
 }
 
 void TestFrmTournamentOpen::emptyListOffersOnlyNewAndCancel()
@@ -120,7 +120,7 @@ void TestFrmTournamentOpen::emptyListOffersOnlyNewAndCancel()
     cTestSession session;
     frmTournamentOpen dialog;
     ShowActive(dialog);
-    QCOMPARE(dialog.SelKey(), QString());
+    QCOMPARE(dialog.lstVelmora->SelKey(), QString());
     QVERIFY(!dialog.cmdOk->isEnabled());
     QVERIFY(!dialog.cmdCopy->isEnabled());
     QVERIFY(!dialog.cmdDelete->isEnabled());
@@ -139,7 +139,7 @@ void TestFrmTournamentOpen::openLoadsEntrantsGamesAndScores()
     Control().setTournament(nullptr);
     frmTournamentOpen dialog;
     ShowActive(dialog);
-    QTest::keyClick(dialog.lstVelmora, Qt::Key_Home);
+    dialog.lstVelmora->setSelKey(dialog.lstVelmora->Model()->Cell(0, cDataListModel::KeyColumn));
     QTest::mouseClick(dialog.cmdOk, Qt::LeftButton);
     QVERIFY(!dialog.Cancelled);
     QCOMPARE(dialog.Action, int(frmTournamentOpen::Opened));
@@ -226,7 +226,7 @@ void TestFrmTournamentOpen::deleteWorksWithNoTournamentOpen()
     Control().setTournament(nullptr);
     frmTournamentOpen dialog;
     ShowActive(dialog);
-    QTest::keyClick(dialog.lstVelmora, Qt::Key_Home);
+    dialog.lstVelmora->setSelKey(dialog.lstVelmora->Model()->Cell(0, cDataListModel::KeyColumn));
     seam.QueueAnswer(true);
     WhenModalShows<frmTournamentDetails>(
         [](frmTournamentDetails *details) { QTest::mouseClick(details->cmdOk, Qt::LeftButton); },
@@ -248,7 +248,7 @@ void TestFrmTournamentOpen::copyWithNoTournamentOpenMakesTheCopy()
     Control().setTournament(nullptr);
     frmTournamentOpen dialog;
     ShowActive(dialog);
-    QTest::keyClick(dialog.lstVelmora, Qt::Key_Home);
+    dialog.lstVelmora->setSelKey(dialog.lstVelmora->Model()->Cell(0, cDataListModel::KeyColumn));
     WhenModalShows<frmTournamentDetails>(
         [](frmTournamentDetails *details) {
             QCOMPARE(details->tournamentControl->txtTitle->text(),
