@@ -264,8 +264,12 @@ QString cPlayer::DisplayScore() const
 
 QString cPlayer::DisplayGrade() const
 {
-    const cGradeBasis stored = cGradeBasis::Stored(tournId_);
-    return QString(GradeFor(*this, stored) + GradeLettFor(*this, stored)).rightJustified(4, u' ');
+    return DisplayGrade(cGradeBasis::Stored(tournId_));
+}
+
+QString cPlayer::DisplayGrade(const cGradeBasis &basis) const
+{
+    return QString(GradeFor(*this, basis) + GradeLettFor(*this, basis)).rightJustified(4, u' ');
 }
 
 QString cPlayer::Grade() const

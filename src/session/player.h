@@ -86,6 +86,7 @@ public:
     QString DisplayScore() const;
     // Grade and letter right-aligned in 4 characters.
     QString DisplayGrade() const;
+    QString DisplayGrade(const cGradeBasis &basis) const;
     // The grade this entrant plays with, chosen by the type of the tournament as it
     // stands in the file; an ungraded entrant has the tournament's default grade.
     QString Grade() const;

@@ -2,15 +2,26 @@
 
 #include "base/app_info.h"
 #include "base/busy.h"
+#include "base/common.h"
 #include "base/settings_store.h"
+#include "base/user_interaction.h"
 #include "database/database.h"
+#include "database/sql.h"
 #include "session/control.h"
 #include "session/globals.h"
+#include "session/player.h"
+#include "session/players.h"
+#include "session/tournament.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_tournament.h"
 #include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_options.h"
+#include "ui/frm_tournament.h"
+#include "ui/frm_tournament_details.h"
+#include "ui/frm_tournament_open.h"
 #include "ui/register_summary.h"
 
 #include <QAction>
@@ -59,10 +70,23 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     mnuFile = menuBar()->addMenu(tr("&File"));
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    mnuFileNew = AddCommand(mnuFile, QStringLiteral("mnuFileNew"), tr("&New Tournament..."));
+    mnuFileNew->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+    mnuFileOpen = AddCommand(mnuFile, QStringLiteral("mnuFileOpen"), tr("&Open Tournament..."));
+    mnuFileOpen->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    mnuFileCopy = AddCommand(mnuFile, QStringLiteral("mnuFileCopy"), tr("&Copy Tournament..."));
+    mnuFileDelete =
+        AddCommand(mnuFile, QStringLiteral("mnuFileDelete"), tr("&Delete Tournament..."));
+    mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep3"));
     mnuFileExit = AddCommand(mnuFile, QStringLiteral("mnuFileExit"), tr("E&xit"));
 
     mnuTools = menuBar()->addMenu(tr("&Tools"));
     mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    mnuTRemoveAllPlayers = AddCommand(mnuTools, QStringLiteral("mnuTRemoveAllPlayers"),
+                                      tr("Remove all players from Tournament"));
+    mnuTRefreshGrades = AddCommand(mnuTools, QStringLiteral("mnuTRefreshGrades"),
+                                   tr("Refresh players grades for Tournament"));
+    mnuTools->addSeparator()->setObjectName(QStringLiteral("mnuTSep2"));
     mnuFileDB = mnuTools->addMenu(tr("Import"));
     mnuFileDB->setObjectName(QStringLiteral("mnuFileDB"));
     mnuLoadClubList =
@@ -86,6 +110,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     mnuView->setObjectName(QStringLiteral("mnuView"));
     mnuViewPlayers = AddCommand(mnuView, QStringLiteral("mnuViewPlayers"), tr("&Master"));
     mnuViewPlayers->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    mnuViewTournament = AddCommand(mnuView, QStringLiteral("mnuViewTournament"), tr("&Tournament"));
+    mnuViewTournament->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_T));
     mnuView->addSeparator()->setObjectName(QStringLiteral("mnuViewBar0"));
     mnuViewToolbar = AddCommand(mnuView, QStringLiteral("mnuViewToolbar"), tr("&Button bar"));
     mnuViewToolbar->setCheckable(true);
@@ -105,6 +131,11 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     tbrPlayers = Toolbar->addAction(tr("Master"));
     tbrPlayers->setObjectName(QStringLiteral("Players"));
     tbrPlayers->setCheckable(true);
+    tbrTournament = Toolbar->addAction(tr("Tournament"));
+    tbrTournament->setObjectName(QStringLiteral("Tournament"));
+    tbrTournament->setCheckable(true);
+    tbrOpenTournament = Toolbar->addAction(tr("Open Tournament"));
+    tbrOpenTournament->setObjectName(QStringLiteral("OpenTournament"));
 
     views_ = new QStackedWidget(this);
     masterView_ = new cRegisterSummary(views_);
@@ -120,6 +151,15 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     connect(mnuVOptions, &QAction::triggered, this, &frmMain::mnuVOptions_Click);
     connect(mnuViewPlayers, &QAction::triggered, this, &frmMain::ShowMasterView);
     connect(tbrPlayers, &QAction::triggered, this, &frmMain::ShowMasterView);
+    connect(mnuFileNew, &QAction::triggered, this, &frmMain::mnuFileNew_Click);
+    connect(mnuFileOpen, &QAction::triggered, this, &frmMain::mnuFileOpen_Click);
+    connect(tbrOpenTournament, &QAction::triggered, this, &frmMain::mnuFileOpen_Click);
+    connect(mnuFileCopy, &QAction::triggered, this, &frmMain::mnuFileCopy_Click);
+    connect(mnuFileDelete, &QAction::triggered, this, &frmMain::mnuFileDelete_Click);
+    connect(mnuTRefreshGrades, &QAction::triggered, this, &frmMain::mnuTRefreshGrades_Click);
+    connect(mnuTRemoveAllPlayers, &QAction::triggered, this, &frmMain::mnuTRemoveAllPlayers_Click);
+    connect(mnuViewTournament, &QAction::triggered, this, &frmMain::mnuViewTournament_Click);
+    connect(tbrTournament, &QAction::triggered, this, &frmMain::mnuViewTournament_Click);
     connect(mnuViewToolbar, &QAction::triggered, this, &frmMain::mnuViewToolbar_Click);
     connect(mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
 
@@ -180,6 +220,7 @@ void frmMain::closeEvent(QCloseEvent *event)
 void frmMain::ShowMasterView()
 {
     tbrPlayers->setChecked(true);
+    tbrTournament->setChecked(false);
     views_->setCurrentWidget(masterView_);
     masterView_->Refresh();
     SetMainCommands();
@@ -227,6 +268,7 @@ void frmMain::mnuFileDBRestore_Click()
     // records are what the screen shows, and an open tournament may not exist in it.
     Control().Load(QStringLiteral("All"));
     Control().setTournament(nullptr);
+    UnloadTournamentWindow();
     ShowMasterView();
 }
 
@@ -249,4 +291,145 @@ void frmMain::mnuHelpAbout_Click()
 {
     frmAbout about(this);
     about.exec();
+}
+
+void frmMain::ShowTitle()
+{
+    const auto tournament = Control().Tournament();
+    const QString name = tournament ? tournament->DisplayName() : QString();
+    setWindowTitle(name.isEmpty() ? AppInfo::Title()
+                                  : AppInfo::Title() + QStringLiteral(" - ") + name);
+}
+
+void frmMain::UnloadTournamentWindow()
+{
+    if (!tournamentView_)
+        return;
+    views_->removeWidget(tournamentView_);
+    delete tournamentView_;
+    tournamentView_ = nullptr;
+}
+
+void frmMain::ShowTournamentView(bool freshWindow)
+{
+    if (freshWindow)
+        UnloadTournamentWindow();
+    tbrPlayers->setChecked(false);
+    tbrTournament->setChecked(true);
+    if (!tournamentView_) {
+        tournamentView_ = new frmTournament(views_);
+        views_->addWidget(tournamentView_);
+    } else {
+        tournamentView_->Display();
+        tournamentView_->DisplayList();
+    }
+    views_->setCurrentWidget(tournamentView_);
+    SetTournamentCommands();
+    tournamentView_->lstPlayer->setFocus();
+}
+
+void frmMain::mnuFileNew_Click()
+{
+    if (RunTournamentDetails(cntlTournament::New, this))
+        return;
+    ShowTournamentView(true);
+}
+
+void frmMain::mnuFileOpen_Click()
+{
+    const auto old = Control().Tournament();
+    frmTournamentOpen dialog(this);
+    dialog.exec();
+    if (!dialog.Cancelled) {
+        switch (dialog.Action) {
+        case frmTournamentOpen::Opened:
+        case frmTournamentOpen::New:
+        case frmTournamentOpen::Copy:
+            ShowTournamentView(true);
+            break;
+        case frmTournamentOpen::Delete:
+            if (old) {
+                const auto now = Control().Tournament();
+                if (!now || WholeValue(now->TournId()) != WholeValue(old->TournId())) {
+                    UnloadTournamentWindow();
+                    ShowMasterView();
+                }
+            }
+            break;
+        default:
+            break;
+        }
+    }
+    if (!Control().Tournament()) {
+        UnloadTournamentWindow();
+        ShowMasterView();
+    } else if (views_->currentWidget() != tournamentView_ || !tournamentView_) {
+        // A cancelled dialog leaves the pressed button where the view is.
+        tbrTournament->setChecked(false);
+    }
+}
+
+void frmMain::mnuFileCopy_Click()
+{
+    if (!Control().Tournament() || RunTournamentDetails(cntlTournament::Copy, this))
+        return;
+    ShowTournamentView(true);
+}
+
+void frmMain::mnuFileDelete_Click()
+{
+    if (!Control().Tournament() || RunTournamentDetails(cntlTournament::Remove, this))
+        return;
+    UnloadTournamentWindow();
+    ShowMasterView();
+    SetMainCommands();
+}
+
+void frmMain::mnuTRefreshGrades_Click()
+{
+    const auto tournament = Control().Tournament();
+    if (!tournament)
+        return;
+    {
+        cBusySection busy;
+        tournament->Players().LoadGradesFromMaster();
+        if (tournamentView_)
+            tournamentView_->DisplayList();
+    }
+    Interaction().ShowMessage(
+        tr("All grades for all the players in this tournament have been updated."),
+        MessageIcon::Information, AppInfo::Title());
+}
+
+void frmMain::mnuTRemoveAllPlayers_Click()
+{
+    const auto tournament = Control().Tournament();
+    if (!tournament)
+        return;
+    if (Interaction().AskYesNo(tr("Do you want to clear all players from this Tournament?"),
+                               AppInfo::Title())) {
+        if (RunSql(QStringLiteral("Select * From Result Where TId = ?"),
+                   {WholeValue(tournament->TournId())})
+                .next()) {
+            Interaction().ShowMessage(
+                tr("Some Players have taken part in this tournament, so they can not be removed."),
+                MessageIcon::Plain, AppInfo::Title());
+            return;
+        }
+        cBusySection busy;
+        while (tournament->Players().Count() >= 1)
+            tournament->Players().Remove(1);
+        tournament->setSelPlayer(nullptr);
+        if (tournamentView_)
+            tournamentView_->DisplayList();
+    }
+    SetTournamentCommands();
+}
+
+void frmMain::mnuViewTournament_Click()
+{
+    if (Control().Tournament())
+        ShowTournamentView(false);
+    else
+        mnuFileOpen_Click();
 }

@@ -7,6 +7,7 @@ class QMenu;
 class QStackedWidget;
 class QToolBar;
 class cRegisterSummary;
+class frmTournament;
 
 // The frame of the program: the menu, the button bar and the view on screen.
 class frmMain : public QMainWindow
@@ -25,6 +26,13 @@ public:
 
     // Sets the master view on screen and refreshes what depends on it.
     void ShowMasterView();
+    // Puts the open tournament's window on view; a fresh window when asked, which is
+    // how a tournament that replaced another one starts.
+    void ShowTournamentView(bool freshWindow);
+    // The tournament window, or none when no tournament has been shown.
+    frmTournament *TournamentWindow() const { return tournamentView_; }
+    // The program's title, with the open tournament's name after it.
+    void ShowTitle();
 
     QMenu *mnuFile;
     QMenu *mnuTools;
@@ -32,7 +40,16 @@ public:
     QMenu *mnuHelp;
     QMenu *mnuFileDB;
     QMenu *mnuFileDBAdmin;
+    QAction *mnuFileNew;
+    QAction *mnuFileOpen;
+    QAction *mnuFileCopy;
+    QAction *mnuFileDelete;
     QAction *mnuFileExit;
+    QAction *mnuTRemoveAllPlayers;
+    QAction *mnuTRefreshGrades;
+    QAction *mnuViewTournament;
+    QAction *tbrTournament;
+    QAction *tbrOpenTournament;
     QAction *mnuLoadClubList;
     QAction *mnuLoadBCFMasterList;
     QAction *mnuFileDBTidy;
@@ -60,9 +77,18 @@ private:
     void mnuVOptions_Click();
     void mnuViewToolbar_Click();
     void mnuHelpAbout_Click();
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileCopy_Click();
+    void mnuFileDelete_Click();
+    void mnuTRefreshGrades_Click();
+    void mnuTRemoveAllPlayers_Click();
+    void mnuViewTournament_Click();
+    void UnloadTournamentWindow();
 
     QStackedWidget *views_;
     cRegisterSummary *masterView_;
+    frmTournament *tournamentView_ = nullptr;
 };
 
 // The window position is kept in twips, a twentieth of a point; the screen counts

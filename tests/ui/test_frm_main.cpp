@@ -215,12 +215,9 @@ void TestFrmMain::commandsFollowTheOpenTournament()
 {
     cTestSession session;
     frmMain window;
+    QAction *copy = window.mnuFileCopy;
+    QAction *refresh = window.mnuTRefreshGrades;
     // Items of later windows are added by name; the routine acts on whatever exists.
-    auto *copy = window.mnuFile->addAction(QStringLiteral("&Copy Tournament..."));
-    copy->setObjectName(QStringLiteral("mnuFileCopy"));
-    auto *refresh =
-        window.mnuTools->addAction(QStringLiteral("Refresh players grades for Tournament"));
-    refresh->setObjectName(QStringLiteral("mnuTRefreshGrades"));
     auto *match = window.mnuTools->addAction(QStringLiteral("Match Players to BCF Master List"));
     match->setObjectName(QStringLiteral("mnuTBCFMaster"));
 

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTabBar;
+class cntlDataList;
+
+// A data list narrowed by the initial of the name: 27 tabs, "?" for a search by name
+// and one for each letter, so that the whole register is never read at once unless
+// asked for. Used for the register (kind 0) and the grading list (kind 4).
+class cntlMasterList : public QWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(qint32 DisplayType READ DisplayType WRITE setDisplayType)
+
+public:
+    explicit cntlMasterList(QWidget *parent = nullptr);
+
+    qint32 DisplayType() const { return displayType_; }
+    void setDisplayType(qint32 value);
+
+    QString SelKey() const;
+    void setSelKey(const QString &key);
+    QString SelCode() const;
+    QString SelName() const;
+    void setSelName(const QString &name);
+
+    // Selects the tab of the key ("?", "A" … "Z"), which reloads the list; "" is
+    // passed over.
+    void SetTab(const QString &key);
+    // The key of the selected tab.
+    QString Tab() const;
+    // Puts the surname, the comma, a blank and the forename's initial of the name into
+    // the search box, and selects the search tab.
+    void SelSearch(const QString &name);
+    // Reloads the list with the filter of the selected tab.
+    void DisplayList();
+    void SetFocus();
+
+    QWidget *fmMaster;
+    cntlDataList *lstMaster;
+    QTabBar *tabChar;
+    QWidget *searchRow;
+    QLineEdit *txtSearch;
+    QPushButton *cmdSearch;
+    QLabel *lblSearch;
+
+signals:
+    void SelectionChanged();
+    void DoubleClicked();
+
+private:
+    void tabChar_Click(int index);
+    void cmdSearch_Click();
+    QString Filter() const;
+
+    qint32 displayType_ = 0;
+};

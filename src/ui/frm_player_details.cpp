@@ -1,0 +1,104 @@
+#include "ui/frm_player_details.h"
+
+#include "base/busy.h"
+#include "session/control.h"
+#include "session/globals.h"
+#include "session/player.h"
+#include "session/tournament.h"
+#include "ui/cntl_player_details.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+frmPlayerDetails::frmPlayerDetails(int mode, std::shared_ptr<cPlayer> player, QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmPlayerDetails"));
+    setWindowTitle(tr("Player Details"));
+    lblVelmora = new QLabel(this);
+    lblVelmora->setObjectName(QStringLiteral("lblVelmora"));
+    lblVelmora->setTextFormat(Qt::PlainText);
+    playerControl = new cntlPlayerDetails(this);
+    lblWarning = new QLabel(this);
+    lblWarning->setObjectName(QStringLiteral("lblWarning"));
+    lblWarning->setWordWrap(true);
+    cmdOk = new QPushButton(tr("OK"), this);
+    cmdOk->setObjectName(QStringLiteral("cmdOk"));
+    cmdOk->setDefault(true);
+    cmdCancel = new QPushButton(tr("Cancel"), this);
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    sbMsg = new QStatusBar(this);
+    sbMsg->setObjectName(QStringLiteral("sbMsg"));
+    sbMsg->setSizeGripEnabled(false);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOk);
+    buttons->addWidget(cmdCancel);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(lblVelmora);
+    layout->addWidget(playerControl);
+    layout->addWidget(lblWarning);
+    layout->addLayout(buttons);
+    layout->addWidget(sbMsg);
+
+    auto tournament = Control().Tournament();
+    if (tournament)
+        lblVelmora->setText(tournament->DisplayName());
+    playerControl->setStatusBar(sbMsg);
+    switch (mode) {
+    case New:
+        player = std::make_shared<cPlayer>();
+        if (tournament)
+            player->setTournId(tournament->TournId());
+        break;
+    case Remove:
+    case 4:
+        lblWarning->setText(tr("Check that this is the player you want to delete and then click "
+                               "on the 'Delete' button"));
+        cmdOk->setText(tr("Delete"));
+        break;
+    case View:
+        cmdOk->hide();
+        cmdCancel->setText(tr("Close"));
+        break;
+    default:
+        break;
+    }
+    playerControl->setPlayer(player);
+    playerControl->setDisplayMode(mode);
+    playerControl->Display();
+
+    connect(cmdOk, &QPushButton::clicked, this, &frmPlayerDetails::cmdOk_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmPlayerDetails::cmdCancel_Click);
+    setMinimumWidth(sbMsg->fontMetrics().horizontalAdvance(
+                        tr("Date of Birth must be entered in DD/MM/YYYY format")) +
+                    60);
+}
+
+void frmPlayerDetails::cmdOk_Click()
+{
+    if (!playerControl->Valid())
+        return;
+    cBusySection busy;
+    playerControl->Update();
+    Result = 0;
+    hide();
+    done(QDialog::Accepted);
+}
+
+void frmPlayerDetails::cmdCancel_Click()
+{
+    Result = -1;
+    reject();
+}
+
+int RunPlayerDetails(int mode, std::shared_ptr<cPlayer> player, QWidget *parent)
+{
+    frmPlayerDetails dialog(mode, std::move(player), parent);
+    dialog.exec();
+    return dialog.Result;
+}
