@@ -88,7 +88,7 @@ cntlResultList::cntlResultList(QWidget *parent) : QWidget(parent)
     headings->setSectionsClickable(true);
     headings->setHighlightSections(false);
     headings->setSectionsMovable(false);
-    headings->setStretchLastSection(false);
+    headings->setStretchLastSection(true);
     lstData->setColumnHidden(Column::Position, true);
     for (int column = Column::Board; column < Column::ColumnCount; ++column) {
         const QString heading = model_->headerData(column, Qt::Horizontal).toString();

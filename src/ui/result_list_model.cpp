@@ -59,6 +59,12 @@ QVariant cResultListModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return row.cells[size_t(index.column())];
+    case Qt::TextAlignmentRole:
+        if (index.column() == Board || index.column() == WhitePin || index.column() == BlackPin)
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        if (index.column() == Result)
+            return int(Qt::AlignCenter);
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::FontRole:
         // A withdrawn entrant's name is struck through, so a pairing of someone who has
         // left stands out while the round is typed.

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTest>
@@ -85,6 +86,7 @@ private slots:
     void statusBarShowsTheHelpOfTheCell();
     void openingRoutineTellsWhetherAnythingWasStored();
     void swissOfTwelveTypedFromTheKeyboard();
+    void textsFitTheirControls();
 
 private:
     void Open();
@@ -988,6 +990,33 @@ void TestFrmPairings::swissOfTwelveTypedFromTheKeyboard()
                      QStringLiteral("King"), QStringLiteral("Evans"), QStringLiteral("Brown"),
                      QStringLiteral("Fox"), QStringLiteral("Grant"), QStringLiteral("Lee"),
                      QStringLiteral("Irwin"), QStringLiteral("Jones"), QStringLiteral("Hill")}));
+}
+
+void TestFrmPairings::textsFitTheirControls()
+{
+    EnterTwelve();
+    Entrant(12)->setWithdrawn(true);
+    Entrant(12)->Update();
+    Game(1, Entrant(1), Entrant(7), QStringLiteral("W"), QStringLiteral("1"));
+    Game(1, Entrant(8), Entrant(2), QStringLiteral("D"), QStringLiteral("2"));
+    Game(1, Entrant(12), Entrant(6), QStringLiteral("Z"), QStringLiteral("3"));
+    Game(1, Entrant(11), nullptr, QStringLiteral("W"), QStringLiteral("4"));
+    Control().Tournament()->Results().UpdateResults(1);
+    Open();
+    for (const QLabel *label : window_->findChildren<QLabel *>())
+        QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->objectName()));
+    for (const QPushButton *button : window_->findChildren<QPushButton *>())
+        if (button->isVisible())
+            QVERIFY2(button->width() >= button->sizeHint().width(),
+                     qPrintable(button->objectName()));
+    const QTableView *grid = window_->lstResults->lstData;
+    const QFontMetrics headingFont = grid->horizontalHeader()->fontMetrics();
+    for (int column = Board; column <= BlackName; ++column)
+        QVERIFY(grid->columnWidth(column) >
+                headingFont.horizontalAdvance(
+                    grid->model()->headerData(column, Qt::Horizontal).toString()));
+    // The whole grid is in view across: no column hides behind a scroll bar.
+    QVERIFY(!grid->horizontalScrollBar()->isVisible());
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmPairings)
