@@ -1,7 +1,8 @@
 #include "ui/cntl_result_list.h"
 
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "database/sql.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -9,7 +10,6 @@
 #include "session/result.h"
 #include "session/results.h"
 #include "session/tournament.h"
-#include "session/user_interaction.h"
 #include "ui/frm_main.h"
 #include "ui/result_list_model.h"
 

@@ -1,14 +1,14 @@
 #include "ui/frm_pairings.h"
 
+#include "base/busy.h"
+#include "base/common.h"
+#include "base/user_interaction.h"
 #include "conduct/auto_pair.h"
-#include "session/busy.h"
-#include "session/common.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/players.h"
 #include "session/results.h"
 #include "session/tournament.h"
-#include "session/user_interaction.h"
 #include "ui/cntl_result_list.h"
 
 #include <QComboBox>
