@@ -137,11 +137,21 @@ void PreparePagedDevice(const cPageDocument &document, QPagedPaintDevice &device
 
 bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device)
 {
+    return PaintDocument(document, device, [](int) { return true; });
+}
+
+bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device,
+                   const std::function<bool(int page)> &beforePage)
+{
     QPainter painter;
     if (!painter.begin(&device))
         return false;
     const double dotsPerInch = device.logicalDpiX();
     for (int page = 1; page <= document.PageCount(); ++page) {
+        if (!beforePage(page)) {
+            painter.end();
+            return false;
+        }
         if (page > 1 && !device.newPage()) {
             painter.end();
             return false;
