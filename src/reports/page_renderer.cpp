@@ -6,6 +6,7 @@
 #include <QGlyphRun>
 #include <QHash>
 #include <QPagedPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 #include <QRawFont>
@@ -73,6 +74,32 @@ private:
     QHash<QString, QRawFont> faces_;
 };
 
+// Fonts for texts drawn character by character, by font name, style and height.
+class cCellFontCache
+{
+public:
+    const QFont &Font(const cPageText &text)
+    {
+        const QString key = text.FontName + u'/' + QString::number(text.FontStyle) + u'/' +
+                            QString::number(text.FontHeight);
+        auto found = fonts_.find(key);
+        if (found == fonts_.end()) {
+            QFont font(text.FontName);
+            font.setStyleHint(QFont::TypeWriter, QFont::PreferMatch);
+            font.setFixedPitch(true);
+            font.setKerning(false);
+            font.setBold((text.FontStyle & FontStyle::Bold) != 0);
+            font.setItalic((text.FontStyle & FontStyle::Italic) != 0);
+            font.setPointSizeF(text.FontHeight / 10.0);
+            found = fonts_.insert(key, font);
+        }
+        return found.value();
+    }
+
+private:
+    QHash<QString, QFont> fonts_;
+};
+
 // Each character stands in its own cell of the fixed advance, so the columns of a
 // report line up on every device, whatever the device does with fractions of a pixel.
 QGlyphRun PlacedGlyphs(const QRawFont &face, const QString &text, double advance)
@@ -97,6 +124,13 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
     const double scale = dotsPerInch / 254.0;
     const cPage &content = document.Page(page);
     cFaceCache faces(scale);
+    // A recording device (the print preview keeps each page as a recording) stores a
+    // run of placed glyphs as outlines, many times the size of the text, and plays
+    // them back slowly; it gets the text as characters in a font spaced to the same
+    // cells instead.
+    const bool recorded =
+        painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Picture;
+    cCellFontCache cellFonts;
 
     painter.save();
     for (const cPageRule &rule : content.Rules) {
@@ -123,8 +157,18 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
         const cPageRect box = text.Box();
         const double advance = cPageDocument::EmSize(text.FontHeight) * CourierMetrics::Advance /
                                CourierMetrics::UnitsPerEm * scale;
-        painter.drawGlyphRun(QPointF(box.Left * scale, (box.Top + text.BaselineOffset()) * scale),
-                             PlacedGlyphs(faces.Face(text), text.Text, advance));
+        const QPointF origin(box.Left * scale, (box.Top + text.BaselineOffset()) * scale);
+        if (recorded) {
+            // Each character is placed in its cell, so the columns stay true whatever
+            // the playback does to the font's own advance.
+            painter.setFont(cellFonts.Font(text));
+            for (qsizetype at = 0; at < text.Text.size(); ++at)
+                if (!text.Text.at(at).isSpace())
+                    painter.drawText(origin + QPointF(at * advance, 0.0),
+                                     QString(text.Text.at(at)));
+        } else {
+            painter.drawGlyphRun(origin, PlacedGlyphs(faces.Face(text), text.Text, advance));
+        }
     }
     painter.restore();
 }
