@@ -1,6 +1,7 @@
 #include "ui/frm_main.h"
 
 #include "database/database.h"
+#include "reports/print_cntrl.h"
 #include "session/app_info.h"
 #include "session/busy.h"
 #include "session/control.h"
@@ -8,9 +9,11 @@
 #include "session/settings_store.h"
 #include "ui/commands.h"
 #include "ui/frm_about.h"
+#include "ui/frm_export.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_options.h"
+#include "ui/frm_print.h"
 #include "ui/register_summary.h"
 
 #include <QAction>
@@ -59,10 +62,15 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     mnuFile = menuBar()->addMenu(tr("&File"));
     mnuFile->setObjectName(QStringLiteral("mnuFile"));
+    mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep4"));
+    mnuPrint = AddCommand(mnuFile, QStringLiteral("mnuPrint"), tr("&Print..."));
+    mnuPPrintSetup = AddCommand(mnuFile, QStringLiteral("mnuPPrintSetup"), tr("Print setup..."));
+    mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep3"));
     mnuFileExit = AddCommand(mnuFile, QStringLiteral("mnuFileExit"), tr("E&xit"));
 
     mnuTools = menuBar()->addMenu(tr("&Tools"));
     mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    mnuTExport = AddCommand(mnuTools, QStringLiteral("mnuTExport"), tr("Export..."));
     mnuFileDB = mnuTools->addMenu(tr("Import"));
     mnuFileDB->setObjectName(QStringLiteral("mnuFileDB"));
     mnuLoadClubList =
@@ -112,6 +120,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(views_);
 
     connect(mnuFileExit, &QAction::triggered, this, &QWidget::close);
+    connect(mnuPrint, &QAction::triggered, this, [this] { frmPrint::Run(this); });
+    connect(mnuPPrintSetup, &QAction::triggered, this, &mPrintCntrl::ShowPrintSetup);
+    connect(mnuTExport, &QAction::triggered, this, [this] { frmExport::Run(this); });
     connect(mnuLoadClubList, &QAction::triggered, this, &frmMain::mnuLoadClubList_Click);
     connect(mnuLoadBCFMasterList, &QAction::triggered, this, &frmMain::mnuLoadBCFMasterList_Click);
     connect(mnuFileDBTidy, &QAction::triggered, this, &frmMain::mnuFileDBTidy_Click);

@@ -33,6 +33,9 @@ public:
     QMenu *mnuFileDB;
     QMenu *mnuFileDBAdmin;
     QAction *mnuFileExit;
+    QAction *mnuPrint;
+    QAction *mnuPPrintSetup;
+    QAction *mnuTExport;
     QAction *mnuLoadClubList;
     QAction *mnuLoadBCFMasterList;
     QAction *mnuFileDBTidy;
