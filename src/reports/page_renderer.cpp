@@ -74,7 +74,7 @@ private:
     QHash<QString, QRawFont> faces_;
 };
 
-// Fonts for texts drawn character by character, by font name, style and height.
+// Fonts for texts drawn as characters, by font name, style and height.
 class cCellFontCache
 {
 public:
@@ -126,8 +126,7 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
     cFaceCache faces(scale);
     // A recording device (the print preview keeps each page as a recording) stores a
     // run of placed glyphs as outlines, many times the size of the text, and plays
-    // them back slowly; it gets the text as characters in a font spaced to the same
-    // cells instead.
+    // them back slowly; it gets the text as characters instead, each word in its cell.
     const bool recorded =
         painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Picture;
     cCellFontCache cellFonts;
@@ -159,13 +158,21 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
                                CourierMetrics::UnitsPerEm * scale;
         const QPointF origin(box.Left * scale, (box.Top + text.BaselineOffset()) * scale);
         if (recorded) {
-            // Each character is placed in its cell, so the columns stay true whatever
-            // the playback does to the font's own advance.
+            // Each run of characters between blanks starts in its own cell, so the
+            // columns stay true whatever the playback does to the font's advance.
             painter.setFont(cellFonts.Font(text));
-            for (qsizetype at = 0; at < text.Text.size(); ++at)
-                if (!text.Text.at(at).isSpace())
-                    painter.drawText(origin + QPointF(at * advance, 0.0),
-                                     QString(text.Text.at(at)));
+            const QString &line = text.Text;
+            for (qsizetype at = 0; at < line.size();) {
+                if (line.at(at).isSpace()) {
+                    ++at;
+                    continue;
+                }
+                qsizetype end = at;
+                while (end < line.size() && !line.at(end).isSpace())
+                    ++end;
+                painter.drawText(origin + QPointF(at * advance, 0.0), line.mid(at, end - at));
+                at = end;
+            }
         } else {
             painter.drawGlyphRun(origin, PlacedGlyphs(faces.Face(text), text.Text, advance));
         }

@@ -137,7 +137,7 @@ void TestPageRenderer::aRecordedPageKeepsItsColumnsAndStaysSmall()
     const double dotsPerInch = recording.logicalDpiX();
     PaintPage(document, 1, recorder, dotsPerInch);
     recorder.end();
-    // Drawn as outlines, the 7,200 characters would take over four megabytes.
+    // Drawn as outlines, the 7,200 characters take over four megabytes.
     QVERIFY2(recording.size() < 2000000, qPrintable(QString::number(recording.size())));
 
     QImage picture(document.PageWidth(), document.PageHeight(), QImage::Format_RGB32);
