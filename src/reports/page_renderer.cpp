@@ -6,6 +6,7 @@
 #include <QGlyphRun>
 #include <QHash>
 #include <QPagedPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 #include <QRawFont>
@@ -73,6 +74,32 @@ private:
     QHash<QString, QRawFont> faces_;
 };
 
+// Fonts for texts drawn as characters, by font name, style and height.
+class cCellFontCache
+{
+public:
+    const QFont &Font(const cPageText &text)
+    {
+        const QString key = text.FontName + u'/' + QString::number(text.FontStyle) + u'/' +
+                            QString::number(text.FontHeight);
+        auto found = fonts_.find(key);
+        if (found == fonts_.end()) {
+            QFont font(text.FontName);
+            font.setStyleHint(QFont::TypeWriter, QFont::PreferMatch);
+            font.setFixedPitch(true);
+            font.setKerning(false);
+            font.setBold((text.FontStyle & FontStyle::Bold) != 0);
+            font.setItalic((text.FontStyle & FontStyle::Italic) != 0);
+            font.setPointSizeF(text.FontHeight / 10.0);
+            found = fonts_.insert(key, font);
+        }
+        return found.value();
+    }
+
+private:
+    QHash<QString, QFont> fonts_;
+};
+
 // Each character stands in its own cell of the fixed advance, so the columns of a
 // report line up on every device, whatever the device does with fractions of a pixel.
 QGlyphRun PlacedGlyphs(const QRawFont &face, const QString &text, double advance)
@@ -97,6 +124,12 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
     const double scale = dotsPerInch / 254.0;
     const cPage &content = document.Page(page);
     cFaceCache faces(scale);
+    // A recording device (the print preview keeps each page as a recording) stores a
+    // run of placed glyphs as outlines, many times the size of the text, and plays
+    // them back slowly; it gets the text as characters instead, each word in its cell.
+    const bool recorded =
+        painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Picture;
+    cCellFontCache cellFonts;
 
     painter.save();
     for (const cPageRule &rule : content.Rules) {
@@ -123,8 +156,26 @@ void PaintPage(const cPageDocument &document, int page, QPainter &painter, doubl
         const cPageRect box = text.Box();
         const double advance = cPageDocument::EmSize(text.FontHeight) * CourierMetrics::Advance /
                                CourierMetrics::UnitsPerEm * scale;
-        painter.drawGlyphRun(QPointF(box.Left * scale, (box.Top + text.BaselineOffset()) * scale),
-                             PlacedGlyphs(faces.Face(text), text.Text, advance));
+        const QPointF origin(box.Left * scale, (box.Top + text.BaselineOffset()) * scale);
+        if (recorded) {
+            // Each run of characters between blanks starts in its own cell, so the
+            // columns stay true whatever the playback does to the font's advance.
+            painter.setFont(cellFonts.Font(text));
+            const QString &line = text.Text;
+            for (qsizetype at = 0; at < line.size();) {
+                if (line.at(at).isSpace()) {
+                    ++at;
+                    continue;
+                }
+                qsizetype end = at;
+                while (end < line.size() && !line.at(end).isSpace())
+                    ++end;
+                painter.drawText(origin + QPointF(at * advance, 0.0), line.mid(at, end - at));
+                at = end;
+            }
+        } else {
+            painter.drawGlyphRun(origin, PlacedGlyphs(faces.Face(text), text.Text, advance));
+        }
     }
     painter.restore();
 }
@@ -137,11 +188,21 @@ void PreparePagedDevice(const cPageDocument &document, QPagedPaintDevice &device
 
 bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device)
 {
+    return PaintDocument(document, device, [](int) { return true; });
+}
+
+bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device,
+                   const std::function<bool(int page)> &beforePage)
+{
     QPainter painter;
     if (!painter.begin(&device))
         return false;
     const double dotsPerInch = device.logicalDpiX();
     for (int page = 1; page <= document.PageCount(); ++page) {
+        if (!beforePage(page)) {
+            painter.end();
+            return false;
+        }
         if (page > 1 && !device.newPage()) {
             painter.end();
             return false;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 class cPageDocument;
 class QPagedPaintDevice;
 class QPainter;
@@ -11,6 +13,12 @@ class QPainter;
 // Returns false when the device can not be painted on (a file that can not be
 // written, a printer that is not there).
 bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device);
+
+// As above, asking beforePage (with the page about to be drawn, from 1) whether to go
+// on; a false answer stops the drawing there and the call returns false, so that a
+// long report can be cancelled between pages.
+bool PaintDocument(const cPageDocument &document, QPagedPaintDevice &device,
+                   const std::function<bool(int page)> &beforePage);
 
 // Gives the device the document's sheet and orientation with no margins, so that
 // the painter's origin is the corner of the sheet.

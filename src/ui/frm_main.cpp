@@ -7,6 +7,7 @@
 #include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
+#include "reports/print_cntrl.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -16,9 +17,11 @@
 #include "ui/cntl_tournament.h"
 #include "ui/commands.h"
 #include "ui/frm_about.h"
+#include "ui/frm_export.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_options.h"
+#include "ui/frm_print.h"
 #include "ui/frm_tournament.h"
 #include "ui/frm_tournament_details.h"
 #include "ui/frm_tournament_open.h"
@@ -77,6 +80,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     mnuFileCopy = AddCommand(mnuFile, QStringLiteral("mnuFileCopy"), tr("&Copy Tournament..."));
     mnuFileDelete =
         AddCommand(mnuFile, QStringLiteral("mnuFileDelete"), tr("&Delete Tournament..."));
+    mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep4"));
+    mnuPrint = AddCommand(mnuFile, QStringLiteral("mnuPrint"), tr("&Print..."));
+    mnuPPrintSetup = AddCommand(mnuFile, QStringLiteral("mnuPPrintSetup"), tr("Print setup..."));
     mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep3"));
     mnuFileExit = AddCommand(mnuFile, QStringLiteral("mnuFileExit"), tr("E&xit"));
 
@@ -87,6 +93,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     mnuTRefreshGrades = AddCommand(mnuTools, QStringLiteral("mnuTRefreshGrades"),
                                    tr("Refresh players grades for Tournament"));
     mnuTools->addSeparator()->setObjectName(QStringLiteral("mnuTSep2"));
+    mnuTExport = AddCommand(mnuTools, QStringLiteral("mnuTExport"), tr("Export..."));
     mnuFileDB = mnuTools->addMenu(tr("Import"));
     mnuFileDB->setObjectName(QStringLiteral("mnuFileDB"));
     mnuLoadClubList =
@@ -143,6 +150,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     setCentralWidget(views_);
 
     connect(mnuFileExit, &QAction::triggered, this, &QWidget::close);
+    connect(mnuPrint, &QAction::triggered, this, [this] { frmPrint::Run(this); });
+    connect(mnuPPrintSetup, &QAction::triggered, this, &mPrintCntrl::ShowPrintSetup);
+    connect(mnuTExport, &QAction::triggered, this, [this] { frmExport::Run(this); });
     connect(mnuLoadClubList, &QAction::triggered, this, &frmMain::mnuLoadClubList_Click);
     connect(mnuLoadBCFMasterList, &QAction::triggered, this, &frmMain::mnuLoadBCFMasterList_Click);
     connect(mnuFileDBTidy, &QAction::triggered, this, &frmMain::mnuFileDBTidy_Click);

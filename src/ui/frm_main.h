@@ -50,6 +50,9 @@ public:
     QAction *mnuViewTournament;
     QAction *tbrTournament;
     QAction *tbrOpenTournament;
+    QAction *mnuPrint;
+    QAction *mnuPPrintSetup;
+    QAction *mnuTExport;
     QAction *mnuLoadClubList;
     QAction *mnuLoadBCFMasterList;
     QAction *mnuFileDBTidy;

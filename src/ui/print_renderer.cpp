@@ -4,8 +4,10 @@
 #include "base/user_interaction.h"
 #include "reports/page_document.h"
 #include "reports/page_renderer.h"
+#include "ui/print_progress.h"
 
 #include <QDesktopServices>
+#include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QUrl>
@@ -28,8 +30,14 @@ void PreparePrinter(const cPageDocument &document, QPrinter &printer)
 
 bool PrintOnPrinter(const cPageDocument &document, QPrinter &printer)
 {
+    return PrintOnPrinter(document, printer, [](int) { return true; });
+}
+
+bool PrintOnPrinter(const cPageDocument &document, QPrinter &printer,
+                    const std::function<bool(int page)> &beforePage)
+{
     PreparePrinter(document, printer);
-    return PaintDocument(document, printer);
+    return PaintDocument(document, printer, beforePage);
 }
 
 void ShowDocumentPreview(const cPageDocument &document, QPrinter &printer, QWidget *parent)
@@ -51,16 +59,22 @@ void cQtPrintHost::setWebPreview(std::function<void(const QString &)> webPreview
     webPreview_ = std::move(webPreview);
 }
 
+QWidget *cQtPrintHost::Owner() const
+{
+    return mainWindow_ ? mainWindow_() : nullptr;
+}
+
 QString cQtPrintHost::DocumentTitle()
 {
-    QWidget *window = mainWindow_ ? mainWindow_() : nullptr;
+    QWidget *window = Owner();
     return window ? window->windowTitle() : AppInfo::Title();
 }
 
 std::optional<QPageLayout> cQtPrintHost::PrinterLayout(QPageLayout::Orientation orientation)
 {
-    // Without a printer the report is composed on a whole A4 sheet.
-    if (printer_.outputFormat() != QPrinter::NativeFormat || printer_.printerName().isEmpty())
+    // Without a printer or a chosen page the report is composed on a whole A4 sheet.
+    if (!pageChosen_ &&
+        (printer_.outputFormat() != QPrinter::NativeFormat || printer_.printerName().isEmpty()))
         return std::nullopt;
     printer_.setPageOrientation(orientation);
     return printer_.pageLayout();
@@ -68,20 +82,36 @@ std::optional<QPageLayout> cQtPrintHost::PrinterLayout(QPageLayout::Orientation 
 
 void cQtPrintHost::PrintDocument(const cPageDocument &document)
 {
-    if (!PrintOnPrinter(document, printer_))
-        Interaction().ShowMessage(QStringLiteral("The report could not be sent to the printer."),
-                                  MessageIcon::Exclamation, AppInfo::Title());
+    PreparePrinter(document, printer_);
+    QPrintDialog dialog(&printer_, Owner());
+    dialog.setObjectName(QStringLiteral("PrintDialog"));
+    // A cancelled dialog prints nothing and changes nothing.
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    cPrintProgress progress(document.DocumentTitle(), document.PageCount(), Owner());
+    if (PrintOnPrinter(document, printer_,
+                       [&progress](int page) { return progress.BeforePage(page); }))
+        return;
+    if (progress.Cancelled()) {
+        printer_.abort();
+        return;
+    }
+    // A printer that fails is told, and the run goes on.
+    Interaction().ShowMessage(QStringLiteral("The report could not be sent to the printer."),
+                              MessageIcon::Exclamation, AppInfo::Title());
 }
 
 void cQtPrintHost::ShowPreview(const cPageDocument &document)
 {
-    ShowDocumentPreview(document, printer_, mainWindow_ ? mainWindow_() : nullptr);
+    ShowDocumentPreview(document, printer_, Owner());
 }
 
 void cQtPrintHost::ShowPrinterSetup()
 {
-    QPrintDialog setup(&printer_, mainWindow_ ? mainWindow_() : nullptr);
-    setup.exec();
+    QPageSetupDialog setup(&printer_, Owner());
+    setup.setObjectName(QStringLiteral("PageSetupDialog"));
+    if (setup.exec() == QDialog::Accepted)
+        pageChosen_ = true;
 }
 
 void cQtPrintHost::ShowWebPreview(const QString &path)

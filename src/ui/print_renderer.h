@@ -12,14 +12,18 @@ class QWidget;
 // the document's paper and orientation. Returns false when the printer can not be
 // painted on.
 bool PrintOnPrinter(const cPageDocument &document, QPrinter &printer);
+// As above, asking beforePage (the page about to be drawn, from 1) whether to go on.
+bool PrintOnPrinter(const cPageDocument &document, QPrinter &printer,
+                    const std::function<bool(int page)> &beforePage);
 
 // The print preview of the finished document on the printer's pages; it returns when
 // the person closes it.
 void ShowDocumentPreview(const cPageDocument &document, QPrinter &printer, QWidget *parent);
 
 // The print channel's host in the windowed program: the main window's caption, one
-// printer for the run that the printer setup chooses, and the three ways of showing a
-// finished document.
+// printer for the run whose page the print setup chooses, and the three ways of
+// showing a finished document. Paper goes through the system's print dialog first, and
+// a long report shows its progress and can be cancelled there.
 class cQtPrintHost final : public cPrintHost
 {
 public:
@@ -41,7 +45,12 @@ public:
     void ShowWebPreview(const QString &path) override;
 
 private:
+    QWidget *Owner() const;
+
     QPrinter printer_{QPrinter::HighResolution};
+    // Once the person has chosen a page in the print setup, reports are composed on it
+    // for the rest of the run, with or without a printer installed.
+    bool pageChosen_ = false;
     std::function<QWidget *()> mainWindow_;
     std::function<void(const QString &)> webPreview_;
 };

@@ -3,6 +3,7 @@
 #include "reports/print_host.h"
 #include "session/globals.h"
 #include "ui/frm_main.h"
+#include "ui/frm_web_preview.h"
 #include "ui/print_renderer.h"
 #include "ui/qt_interaction.h"
 #include "ui/start_up.h"
@@ -15,6 +16,8 @@ int RunProgram(int &argc, char **argv)
     InstallInteraction(&interaction);
     // Reports are owned by the main window and take its caption as their title.
     cQtPrintHost printHost([]() -> QWidget * { return frmMain::Instance(); });
+    printHost.setWebPreview(
+        [](const QString &path) { frmWebPreview::ShowPage(path, frmMain::Instance()); });
     InstallPrintHost(&printHost);
     int exitCode = 0;
     {

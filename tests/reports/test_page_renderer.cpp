@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPicture>
 #include <QTest>
 
 namespace {
@@ -60,6 +61,7 @@ private slots:
     void textAlignedBottomRightEndsAtItsPoint();
     void textIsCutAtItsClipRectangle();
     void columnsOfALongLineStayInTheirCells();
+    void aRecordedPageKeepsItsColumnsAndStaysSmall();
     void rulesHaveThePensWidth();
     void eachPageIsDrawnOnItsOwn();
 };
@@ -113,6 +115,37 @@ void TestPageRenderer::columnsOfALongLineStayInTheirCells()
     const QString line = QString(110, u' ') + QStringLiteral("I");
     document.DrawText(0, 100, line);
     const QImage picture = PictureOfPage(document, 1);
+    const QRect inked = InkedArea(picture, QRect(0, 100, 2100, 32));
+    const double cellLeft =
+        110 * cPageDocument::EmSize(80) * CourierMetrics::Advance / CourierMetrics::UnitsPerEm;
+    QVERIFY2(inked.left() >= cellLeft && inked.right() <= cellLeft + 17,
+             qPrintable(QStringLiteral("%1..%2 for a cell at %3")
+                            .arg(inked.left())
+                            .arg(inked.right())
+                            .arg(cellLeft)));
+}
+
+void TestPageRenderer::aRecordedPageKeepsItsColumnsAndStaysSmall()
+{
+    cPageDocument document = EightPointDocument();
+    document.DrawText(0, 100, QString(110, u' ') + QStringLiteral("I"));
+    for (int row = 0; row < 60; ++row)
+        document.DrawText(0, 200 + row * 40, QString(120, u'M'));
+    // The print preview keeps each page as a recording like this one.
+    QPicture recording;
+    QPainter recorder(&recording);
+    const double dotsPerInch = recording.logicalDpiX();
+    PaintPage(document, 1, recorder, dotsPerInch);
+    recorder.end();
+    // Drawn as outlines, the 7,200 characters take over four megabytes.
+    QVERIFY2(recording.size() < 2000000, qPrintable(QString::number(recording.size())));
+
+    QImage picture(document.PageWidth(), document.PageHeight(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.scale(DotsPerInch / dotsPerInch, DotsPerInch / dotsPerInch);
+    painter.drawPicture(0, 0, recording);
+    painter.end();
     const QRect inked = InkedArea(picture, QRect(0, 100, 2100, 32));
     const double cellLeft =
         110 * cPageDocument::EmSize(80) * CourierMetrics::Advance / CourierMetrics::UnitsPerEm;

@@ -2,6 +2,7 @@
 #include "reports/page_document.h"
 #include "reports/pdf_renderer.h"
 #include "reports/print_cntrl.h"
+#include "support/pdf_text.h"
 #include "support/test_environment.h"
 
 #include <QFile>
@@ -15,21 +16,6 @@
 using namespace mPrintCntrl;
 
 namespace {
-
-// The text of a PDF file as poppler lays it out. The width of one character at
-// 8 points (0.6 em of 8 points, 4.8 points) is given so that each column of an
-// 8-point line lands in its own column of the text.
-QString ExtractedText(const QString &fileName)
-{
-    QProcess extraction;
-    extraction.start(QStringLiteral("pdftotext"),
-                     {QStringLiteral("-layout"), QStringLiteral("-fixed"), QStringLiteral("4.8"),
-                      QStringLiteral("-enc"), QStringLiteral("UTF-8"), fileName,
-                      QStringLiteral("-")});
-    if (!extraction.waitForFinished(60000) || extraction.exitCode() != 0)
-        return QString();
-    return QString::fromUtf8(extraction.readAllStandardOutput());
-}
 
 QString PdfInfo(const QString &fileName)
 {
@@ -160,7 +146,7 @@ void TestPdfRenderer::pdfShowsTheRunningLinesAndPageStampsColumnByColumn()
     const QString fileName = folder_.filePath(QStringLiteral("results.pdf"));
     QVERIFY(WritePdf(Document(), fileName));
 
-    const QString text = ExtractedText(fileName);
+    const QString text = ExtractedPdfText(fileName);
     QVERIFY(!text.isEmpty());
     // The left edge at 10 mm stands six 4.8-point columns in.
     const QList<QStringList> pages = PagesOfText(text, 6);
@@ -205,7 +191,7 @@ void TestPdfRenderer::pdfOfALandscapeReportIsALandscapeSheet()
     QVERIFY(WritePdf(Document(), fileName));
     QVERIFY(PdfInfo(fileName).contains(
         QRegularExpression(QStringLiteral("Page size:\\s+84[12](\\.\\d+)? x 595"))));
-    const QList<QStringList> pages = PagesOfText(ExtractedText(fileName), 6);
+    const QList<QStringList> pages = PagesOfText(ExtractedPdfText(fileName), 6);
     QCOMPARE(pages.size(), 1);
     QCOMPARE(pages.at(0).at(0).trimmed(), QStringLiteral("Page 1 of 1"));
     QCOMPARE(pages.at(0).at(1), QStringLiteral("Across the sheet"));
@@ -225,7 +211,7 @@ void TestPdfRenderer::pdfOfCardsAndChartsHoldsThePositionedTexts()
     PrintEnd();
     const QString fileName = folder_.filePath(QStringLiteral("cards.pdf"));
     QVERIFY(WritePdf(Document(), fileName));
-    QList<QStringList> pages = PagesOfText(ExtractedText(fileName), 0);
+    QList<QStringList> pages = PagesOfText(ExtractedPdfText(fileName), 0);
     for (QStringList &lines : pages)
         for (QString &line : lines)
             line = line.trimmed();
@@ -233,7 +219,7 @@ void TestPdfRenderer::pdfOfCardsAndChartsHoldsThePositionedTexts()
     for (int page = 0; page < 3; ++page)
         QCOMPARE(pages.at(page), QStringList{QStringLiteral("Pin %1").arg(page + 1)});
     // No closing notice and no stamp on cards and charts: only the lead of PrintEnd.
-    QVERIFY(!ExtractedText(fileName).contains(QStringLiteral("Page ")));
+    QVERIFY(!ExtractedPdfText(fileName).contains(QStringLiteral("Page ")));
 }
 
 void TestPdfRenderer::pdfThatCanNotBeWrittenReportsFailure()

@@ -4,9 +4,11 @@
 #include "reports/print_host.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "support/widget_driving.h"
 #include "ui/print_renderer.h"
 
 #include <QApplication>
+#include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QProcess>
@@ -170,7 +172,10 @@ void TestPrintRenderer::hostPrintsThroughTheChannelOnlyForPaper()
     QVERIFY(!QFile::exists(fileName));
 
     ComposeTwoPages();
+    bool asked = false;
+    WhenModalShows<QPrintDialog>([](QPrintDialog *dialog) { dialog->accept(); }, &asked);
     SendToPrinter();
+    QVERIFY(asked);
     QVERIFY(TextLinesOf(fileName).contains(QStringLiteral("Page 2 of 2")));
 }
 
@@ -182,6 +187,7 @@ void TestPrintRenderer::hostTellsWhenThePrinterCanNotBeReached()
     host.Printer().setOutputFileName(folder_.filePath(QStringLiteral("no/such/folder/x.pdf")));
     InstallPrintHost(&host);
     ComposeTwoPages();
+    WhenModalShows<QPrintDialog>([](QPrintDialog *dialog) { dialog->accept(); }, nullptr);
     QTest::ignoreMessage(QtWarningMsg, "QPainter::begin(): Returned false");
     SendToPrinter();
     QCOMPARE(interaction.Count(QStringLiteral("message|")), 1);
