@@ -190,7 +190,7 @@ void TestLoadLists::clubListChosenByBrowseReplacesTheClubs()
             QTest::mouseClick(dialog->cmdBrowse, Qt::LeftButton);
             // Back into the box and Enter, which is OK.
             QTest::keyClick(dialog->cmdBrowse, Qt::Key_Backtab);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            QTest::keyClick(dialog->focusWidget(), Qt::Key_Return);
         },
         nullptr, &shown);
     window.mnuLoadClubList->trigger();
