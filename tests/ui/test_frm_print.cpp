@@ -449,7 +449,7 @@ void TestFrmPrint::pdfToAFolderNameIsToldAndTheRunGoesOn()
 
 void TestFrmPrint::cancelledPdfLeavesTheEarlierFileWhole()
 {
-    FillRegisterToPages(3);
+    FillRegisterToPages(6);
     const QString fileName = folder_->filePath(u"kept.pdf"_s);
     {
         QFile earlier(fileName);
@@ -572,7 +572,7 @@ void TestFrmPrint::cancellingThePrintDialogPrintsNothing()
 
 void TestFrmPrint::aLongPrintShowsProgressAndCanBeCancelled()
 {
-    FillRegisterToPages(3);
+    FillRegisterToPages(6);
     cPrintProgress::setShowDelay(0);
     frmPrint dialog;
     ShowActive(dialog);
@@ -592,7 +592,7 @@ void TestFrmPrint::aLongPrintShowsProgressAndCanBeCancelled()
     Click(dialog.cmdPrint);
     cPrintProgress::setShowDelay(700);
     QVERIFY(progressShown);
-    QVERIFY(label.contains(u" of 3"_s));
+    QVERIFY(label.contains(u" of 6"_s));
     // A cancelled report is no failure of the printer.
     QCOMPARE(interaction_->Count(u"message|"_s), 0);
 }
