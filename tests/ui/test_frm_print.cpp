@@ -104,6 +104,7 @@ private slots:
     void currentTournamentWithCountyFallsBackToName();
     void positionIsOfferedOnlyForTheScoreOrder();
     void misspeltCaptionsStayAsTheyAre();
+    void noControlIsCutOffForAnyReport();
     void theReportAndItsOptionsAreRememberedBetweenOpenings();
     void aReportThatNoLongerExistsFallsBackToPlayerList();
     void closeRunsNoReport();
@@ -290,6 +291,25 @@ void TestFrmPrint::misspeltCaptionsStayAsTheyAre()
     QVERIFY(dialog.optNone->isChecked());
     QVERIFY(dialog.chkUserDetails->isChecked());
     QVERIFY(!dialog.chkPlayerCodes->isChecked());
+}
+
+void TestFrmPrint::noControlIsCutOffForAnyReport()
+{
+    OpenCongress(u"Northern Counties Chess Congress"_s);
+    frmPrint dialog;
+    ShowActive(dialog);
+    for (int report : {0, 2, 3, 4, 6, 7}) {
+        ChooseReport(dialog, report);
+        QApplication::processEvents();
+        const QList<QWidget *> controls = dialog.findChildren<QWidget *>();
+        for (QWidget *control : controls) {
+            if (!control->isVisible() || control->objectName().isEmpty())
+                continue;
+            const QSize needed = control->minimumSizeHint();
+            QVERIFY2(control->width() >= needed.width() && control->height() >= needed.height(),
+                     qPrintable(control->objectName()));
+        }
+    }
 }
 
 void TestFrmPrint::theReportAndItsOptionsAreRememberedBetweenOpenings()
