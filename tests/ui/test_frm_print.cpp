@@ -505,6 +505,7 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
     bool shown = false;
     bool zoomed = false;
     int pageAfterNext = 0;
+    QStringList commands;
     WhenModalShows<QPrintPreviewDialog>(
         [&](QPrintPreviewDialog *preview) {
             auto *view = preview->findChild<QPrintPreviewWidget *>();
@@ -515,6 +516,10 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
             zoomed = view->zoomFactor() > zoom;
             view->setCurrentPage(2);
             pageAfterNext = view->currentPage();
+            // The preview's own bar pages, zooms and prints.
+            for (const QAction *action : preview->findChildren<QAction *>())
+                if (action->isEnabled())
+                    commands.append(action->text());
         },
         &shown);
     Click(dialog.cmdPreview);
@@ -522,6 +527,9 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
     QCOMPARE(pages, 3);
     QVERIFY(zoomed);
     QCOMPARE(pageAfterNext, 2);
+    for (const QString &command :
+         {u"Next page"_s, u"Last page"_s, u"Zoom in"_s, u"Zoom out"_s, u"Print"_s})
+        QVERIFY2(commands.contains(command), qPrintable(commands.join(u", "_s)));
     QCOMPARE(Document().PageCount(), 3);
 }
 
