@@ -96,26 +96,20 @@ frmPrint::frmPrint(QWidget *parent) : QDialog(parent)
     cmbRounds->addItem(QStringLiteral("9 Rounds"));
     cmbRounds->setCurrentIndex(0);
 
-    // The frames lie in one place and at most one shows; the place is as large as
-    // the largest, so the dialog keeps its size from one report to the next.
-    auto *frames = new QWidget(this);
-    auto *framesLayout = new QVBoxLayout(frames);
+    framesArea_ = new QWidget(this);
+    auto *framesLayout = new QVBoxLayout(framesArea_);
     framesLayout->setContentsMargins(0, 0, 0, 0);
-    QSize largest;
-    for (QWidget *frame : {fPlayerList, fPairingList, static_cast<QWidget *>(fResultList),
-                           fCrossTable, fPairingCards}) {
+    for (QWidget *frame : Frames())
         framesLayout->addWidget(frame);
-        largest = largest.expandedTo(frame->sizeHint());
-    }
     framesLayout->addStretch();
-    frames->setMinimumSize(largest);
+    KeepRoomForEveryFrame();
 
     auto *choice = new QHBoxLayout;
     choice->addWidget(Label1);
     choice->addWidget(cmbPrint, 1);
     auto *left = new QVBoxLayout;
     left->addLayout(choice);
-    left->addWidget(frames, 1);
+    left->addWidget(framesArea_, 1);
     auto *buttons = new QVBoxLayout;
     for (QPushButton *button : {cmdPrint, cmdPreview, cmdHTML, cmdPDF})
         buttons->addWidget(button);
@@ -278,6 +272,22 @@ void frmPrint::BuildPairingCardsFrame()
     layout->addWidget(Label7);
 }
 
+QList<QWidget *> frmPrint::Frames() const
+{
+    return {fPlayerList, fPairingList, fResultList, fCrossTable, fPairingCards};
+}
+
+void frmPrint::KeepRoomForEveryFrame()
+{
+    // The frames lie in one place and at most one shows; the place is as large as the
+    // largest, so the dialog keeps its size from one report to the next. A caption
+    // that changes on activation may make a frame larger.
+    QSize largest;
+    for (QWidget *frame : Frames())
+        largest = largest.expandedTo(frame->sizeHint());
+    framesArea_->setMinimumSize(largest);
+}
+
 frmPrint &frmPrint::Instance(QWidget *parent)
 {
     if (!instance || instance->parentWidget() != parent)
@@ -337,6 +347,7 @@ void frmPrint::Activate()
     optUser2->setText(control.UserDefined2());
     optUser3->setText(control.UserDefined3());
     optUser4->setText(control.UserDefined4());
+    KeepRoomForEveryFrame();
 
     // The report of the last opening stays chosen while the list still holds it.
     const int remembered = quint16(rememberedIndex_);
@@ -349,8 +360,7 @@ void frmPrint::Activate()
 
 void frmPrint::cmbPrint_Click()
 {
-    for (QWidget *frame : {fPlayerList, fPairingList, static_cast<QWidget *>(fResultList),
-                           fCrossTable, fPairingCards})
+    for (QWidget *frame : Frames())
         frame->hide();
     for (QPushButton *button : {cmdHTML, cmdPreview, cmdPrint, cmdPDF})
         button->setEnabled(true);

@@ -100,6 +100,8 @@ private:
     void BuildResultListFrame();
     void BuildCrossTableFrame();
     void BuildPairingCardsFrame();
+    QList<QWidget *> Frames() const;
+    void KeepRoomForEveryFrame();
     void Activate();
     void cmbPrint_Click();
     void SelectionClicked();
@@ -110,5 +112,6 @@ private:
     bool ComposeReport(qint32 destination);
     void SavePdf(const QString &fileName);
 
+    QWidget *framesArea_ = nullptr;
     int rememberedIndex_ = -1;
 };

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include <limits>
+
 namespace {
 
 // Long enough that a page or two never flashes a window on screen.
@@ -15,18 +17,25 @@ cPrintProgress::cPrintProgress(const QString &text, int pages, QWidget *parent)
     dialog_.setObjectName(QStringLiteral("frmPrintProgress"));
     dialog_.setWindowTitle(QStringLiteral("Printing"));
     dialog_.setWindowModality(Qt::ApplicationModal);
-    dialog_.setAutoClose(true);
+    dialog_.setAutoClose(false);
     dialog_.setAutoReset(false);
-    dialog_.setMinimumDuration(showDelay);
-    dialog_.setValue(0);
+    // The window is shown here, once the report has run for the delay, not by the
+    // dialog's own guess of the time left.
+    dialog_.setMinimumDuration(std::numeric_limits<int>::max());
+    dialog_.hide();
+    sinceStart_.start();
 }
 
 bool cPrintProgress::BeforePage(int page)
 {
-    // A modal progress lets events run while it counts, so the Cancel button is heard.
     dialog_.setLabelText(text_ +
                          QStringLiteral("\nPage %1 of %2").arg(page).arg(dialog_.maximum()));
     dialog_.setValue(page - 1);
+    if (!dialog_.isVisible() && sinceStart_.elapsed() >= showDelay)
+        dialog_.show();
+    // Events run between pages, so the Cancel button is heard.
+    if (dialog_.isVisible())
+        QApplication::processEvents();
     if (dialog_.wasCanceled())
         cancelled_ = true;
     return !cancelled_;

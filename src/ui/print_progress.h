@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 
 // The progress of a finished report on its way to the printer or to a file, page by
@@ -21,5 +22,6 @@ public:
 private:
     QString text_;
     QProgressDialog dialog_;
+    QElapsedTimer sinceStart_;
     bool cancelled_ = false;
 };

@@ -61,6 +61,7 @@ private slots:
     void init();
     void cleanup();
     void startsWithAllPlayersNoDetailsAndAFileInDocuments();
+    void noControlIsCutOff();
     void withNoBoxTickedTheRegisterHasSurnameAndForename();
     void theRegisterIsQuotedAndTheTournamentIsPlain();
     void tournamentGradesArePaddedToFourColumns();
@@ -121,6 +122,21 @@ void TestFrmExport::startsWithAllPlayersNoDetailsAndAFileInDocuments()
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     QCOMPARE(dialog.txtDestination->text(),
              QDir::toNativeSeparators(documents) + QDir::separator() + u"Export.csv"_s);
+}
+
+void TestFrmExport::noControlIsCutOff()
+{
+    OpenFixture(cFixtureTournament{}, {}, {}, false);
+    frmExport dialog;
+    ShowActive(dialog);
+    const QList<QWidget *> controls = dialog.findChildren<QWidget *>();
+    for (QWidget *control : controls) {
+        if (!control->isVisible() || control->objectName().isEmpty())
+            continue;
+        const QSize needed = control->minimumSizeHint();
+        QVERIFY2(control->width() >= needed.width() && control->height() >= needed.height(),
+                 qPrintable(control->objectName()));
+    }
 }
 
 void TestFrmExport::withNoBoxTickedTheRegisterHasSurnameAndForename()

@@ -104,6 +104,7 @@ private slots:
     void currentTournamentWithCountyFallsBackToName();
     void positionIsOfferedOnlyForTheScoreOrder();
     void misspeltCaptionsStayAsTheyAre();
+    void noControlIsCutOffForAnyReport();
     void theReportAndItsOptionsAreRememberedBetweenOpenings();
     void aReportThatNoLongerExistsFallsBackToPlayerList();
     void closeRunsNoReport();
@@ -292,6 +293,25 @@ void TestFrmPrint::misspeltCaptionsStayAsTheyAre()
     QVERIFY(!dialog.chkPlayerCodes->isChecked());
 }
 
+void TestFrmPrint::noControlIsCutOffForAnyReport()
+{
+    OpenCongress(u"Northern Counties Chess Congress"_s);
+    frmPrint dialog;
+    ShowActive(dialog);
+    for (int report : {0, 2, 3, 4, 6, 7}) {
+        ChooseReport(dialog, report);
+        QApplication::processEvents();
+        const QList<QWidget *> controls = dialog.findChildren<QWidget *>();
+        for (QWidget *control : controls) {
+            if (!control->isVisible() || control->objectName().isEmpty())
+                continue;
+            const QSize needed = control->minimumSizeHint();
+            QVERIFY2(control->width() >= needed.width() && control->height() >= needed.height(),
+                     qPrintable(control->objectName()));
+        }
+    }
+}
+
 void TestFrmPrint::theReportAndItsOptionsAreRememberedBetweenOpenings()
 {
     OpenCongress();
@@ -449,7 +469,7 @@ void TestFrmPrint::pdfToAFolderNameIsToldAndTheRunGoesOn()
 
 void TestFrmPrint::cancelledPdfLeavesTheEarlierFileWhole()
 {
-    FillRegisterToPages(3);
+    FillRegisterToPages(6);
     const QString fileName = folder_->filePath(u"kept.pdf"_s);
     {
         QFile earlier(fileName);
@@ -485,6 +505,7 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
     bool shown = false;
     bool zoomed = false;
     int pageAfterNext = 0;
+    QStringList commands;
     WhenModalShows<QPrintPreviewDialog>(
         [&](QPrintPreviewDialog *preview) {
             auto *view = preview->findChild<QPrintPreviewWidget *>();
@@ -495,6 +516,10 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
             zoomed = view->zoomFactor() > zoom;
             view->setCurrentPage(2);
             pageAfterNext = view->currentPage();
+            // The preview's own bar pages, zooms and prints.
+            for (const QAction *action : preview->findChildren<QAction *>())
+                if (action->isEnabled())
+                    commands.append(action->text());
         },
         &shown);
     Click(dialog.cmdPreview);
@@ -502,6 +527,9 @@ void TestFrmPrint::previewOfAThreePageReportShowsThreePages()
     QCOMPARE(pages, 3);
     QVERIFY(zoomed);
     QCOMPARE(pageAfterNext, 2);
+    for (const QString &command :
+         {u"Next page"_s, u"Last page"_s, u"Zoom in"_s, u"Zoom out"_s, u"Print"_s})
+        QVERIFY2(commands.contains(command), qPrintable(commands.join(u", "_s)));
     QCOMPARE(Document().PageCount(), 3);
 }
 
@@ -572,7 +600,7 @@ void TestFrmPrint::cancellingThePrintDialogPrintsNothing()
 
 void TestFrmPrint::aLongPrintShowsProgressAndCanBeCancelled()
 {
-    FillRegisterToPages(3);
+    FillRegisterToPages(6);
     cPrintProgress::setShowDelay(0);
     frmPrint dialog;
     ShowActive(dialog);
@@ -592,7 +620,7 @@ void TestFrmPrint::aLongPrintShowsProgressAndCanBeCancelled()
     Click(dialog.cmdPrint);
     cPrintProgress::setShowDelay(700);
     QVERIFY(progressShown);
-    QVERIFY(label.contains(u" of 3"_s));
+    QVERIFY(label.contains(u" of 6"_s));
     // A cancelled report is no failure of the printer.
     QCOMPARE(interaction_->Count(u"message|"_s), 0);
 }
