@@ -388,6 +388,21 @@ std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bra
         for (auto &candidate : candidates)
             candidate.value[0] = 0;
 
+    // A criterion worth the same on every pair decides nothing: below the counts of
+    // pairs, each criterion starts from its least value, so that it takes no more room
+    // in the weight than its spread. Matchings compared on it have equally many pairs.
+    for (int k = 2; k < components; ++k) {
+        long long least = 0;
+        bool first = true;
+        for (const auto &candidate : candidates) {
+            least =
+                first ? candidate.value[size_t(k)] : std::min(least, candidate.value[size_t(k)]);
+            first = false;
+        }
+        for (auto &candidate : candidates)
+            candidate.value[size_t(k)] -= least;
+    }
+
     // Each component's total over the matching stays below its radix, so that it can
     // never outweigh one unit of a component above it.
     const auto maxPairs = static_cast<long long>(vertices.size() / 2 + 1);
@@ -416,7 +431,7 @@ std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bra
     mMatching::tWeight running = 1;
     for (int k = components - 1; k >= 0; --k) {
         scale[size_t(k)] = kept[size_t(k)] ? running : 0;
-        running *= mMatching::tWeight((long long)radix[size_t(k)]);
+        running *= mMatching::tWeight(radix[size_t(k)]);
     }
 
     mMatching::cWeightedMatching matching(int(vertices.size()));

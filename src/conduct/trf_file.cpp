@@ -165,6 +165,9 @@ cTrfReading ReadTrf(const std::string &text)
         if (!HalfPointsOf(points, player.halfPoints))
             return Refused(lineNumber,
                            "the points \"" + points + "\" are not a number of half points.");
+        // Written back with one decimal, the points must still fit their four columns.
+        if (player.halfPoints >= 200)
+            return Refused(lineNumber, "the points \"" + points + "\" do not fit their column.");
         const std::string rank = Field(line, RankAt, RankWidth);
         if (!rank.empty() && !Whole(rank, player.rank))
             return Refused(lineNumber, "the rank \"" + rank + "\" is not a whole number.");

@@ -9,6 +9,9 @@
 #include <QGuiApplication>
 #include <QTest>
 
+#include <algorithm>
+#include <random>
+
 using namespace mSwiss;
 
 class TestTrfFile : public QObject
@@ -24,6 +27,7 @@ private slots:
     void workedExamplesGiveTheirPairings();
     void checkFindsNothingInAnEngineTournamentAndFindsAChangedRound();
     void pairingTextStartsWithTheNumberOfBoards();
+    void damagedFilesAreReadOrRefusedNeverHalfRead();
 };
 
 namespace {
@@ -209,6 +213,9 @@ void TestTrfFile::badLinesAreRefusedWithLineAndReason_data()
     QTest::newRow("points") << changed(one, 81, QStringLiteral("1.3")) + two << 1
                             << QStringLiteral(
                                    "the points \"1.3\" are not a number of half points.");
+    QTest::newRow("points too many")
+        << changed(one, 81, QStringLiteral("100")) + two << 1
+        << QStringLiteral("the points \"100\" do not fit their column.");
     QTest::newRow("unknown opponent")
         << changed(one, 91, QStringLiteral("   9")) + two << 1
         << QStringLiteral("the opponent 9 in round 1 is not another player.");
@@ -281,6 +288,46 @@ void TestTrfFile::pairingTextStartsWithTheNumberOfBoards()
     pairing.paired = true;
     pairing.boards = {{3, 1}, {2, 0}};
     QCOMPARE(PairingText(pairing), std::string("2\n3 1\n2 0\n"));
+}
+
+void TestTrfFile::damagedFilesAreReadOrRefusedNeverHalfRead()
+{
+    // Characters changed, cut or doubled at random: each file is either read whole and
+    // writes back as it reads, or refused with a line of the file and nothing read.
+    const std::string valid = WriteTrf(FileOf(Simulated(5, 12, 4)));
+    std::mt19937 random(99);
+    const std::string alphabet = "0123456789 wb-+=UHFZXR.\n";
+    int refused = 0;
+    for (int trial = 0; trial < 3000; ++trial) {
+        std::string text = valid;
+        const int changes = 1 + int(random() % 4);
+        for (int c = 0; c < changes; ++c) {
+            const size_t at = random() % text.size();
+            switch (random() % 3) {
+            case 0:
+                text[at] = alphabet[random() % alphabet.size()];
+                break;
+            case 1:
+                text.erase(at, 1 + random() % 6);
+                break;
+            default:
+                text.insert(at, text.substr(at, 1 + random() % 6));
+                break;
+            }
+        }
+        const cTrfReading reading = ReadTrf(text);
+        if (reading.ok) {
+            const cTrfReading again = ReadTrf(WriteTrf(reading.file));
+            QVERIFY2(again.ok, again.message.c_str());
+            QCOMPARE(WriteTrf(again.file), WriteTrf(reading.file));
+            continue;
+        }
+        ++refused;
+        QVERIFY(reading.line >= 1);
+        QVERIFY(reading.line <= int(std::count(text.begin(), text.end(), '\n')) + 1);
+        QVERIFY(reading.file.tournament.entrants.empty());
+    }
+    QVERIFY(refused > 1000);
 }
 
 VELMORA_TEST_MAIN(TestTrfFile)
