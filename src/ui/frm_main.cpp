@@ -6,7 +6,7 @@
 #include "database/database.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "ui/commands.h"
+#include "session/tournament.h"
 #include "ui/frm_about.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
@@ -249,4 +249,30 @@ void frmMain::mnuHelpAbout_Click()
 {
     frmAbout about(this);
     about.exec();
+}
+
+namespace {
+
+void Enable(const frmMain &window, const char *name, bool enabled)
+{
+    if (QAction *action = window.Command(QString::fromLatin1(name)))
+        action->setEnabled(enabled);
+}
+
+} // namespace
+
+void SetMainCommands()
+{
+    const frmMain *window = frmMain::Instance();
+    if (!window)
+        return;
+    const auto tournament = Control().Tournament();
+    const bool open = tournament != nullptr;
+    const bool changeable = open && !tournament->IsLocked();
+    Enable(*window, "mnuFileCopy", open);
+    Enable(*window, "mnuFileDelete", open);
+    Enable(*window, "mnuTRefreshGrades", changeable);
+    Enable(*window, "mnuTRemoveAllPlayers", changeable);
+    if (window->Command(QStringLiteral("mnuTBCFMaster")))
+        Enable(*window, "mnuTBCFMaster", !Database().BCFMasterIsEmpty());
 }
