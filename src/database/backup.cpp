@@ -5,8 +5,8 @@
 #include "base/fatal_fault.h"
 #include "base/settings_store.h"
 #include "base/user_interaction.h"
+#include "database/connection.h"
 #include "database/sql.h"
-#include "session/globals.h"
 
 #include <QDir>
 #include <QFile>
@@ -60,7 +60,7 @@ bool CopyOpenDatabase(const QString &target, QString *reason)
 {
     const QString work = target + QStringLiteral(".part");
     QFile::remove(work);
-    QSqlQuery query(Database().Db());
+    QSqlQuery query(SessionConnection());
     if (!query.prepare(QStringLiteral("VACUUM INTO ?"))) {
         *reason = query.lastError().text();
         return false;

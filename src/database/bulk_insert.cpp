@@ -1,9 +1,8 @@
 #include "database/bulk_insert.h"
 
 #include "base/fatal_fault.h"
-#include "database/database.h"
+#include "database/connection.h"
 #include "database/sql.h"
-#include "session/globals.h"
 
 #include <QSqlDriver>
 
@@ -16,7 +15,7 @@ namespace {
 // calls.
 sqlite3 *SharedHandle()
 {
-    const QVariant handle = Database().Db().driver()->handle();
+    const QVariant handle = SessionConnection().driver()->handle();
     if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
         return nullptr;
     sqlite3 *connection = *static_cast<sqlite3 *const *>(handle.constData());

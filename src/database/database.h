@@ -19,6 +19,7 @@ public:
     cDatabase &operator=(const cDatabase &) = delete;
 
     QSqlDatabase Db() const;
+    QString ConnectionName() const { return connectionName_; }
     bool IsOpen() const;
 
     QString SourceDb() const { return sourceDb_; }

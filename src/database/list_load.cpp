@@ -6,11 +6,11 @@
 #include "base/user_interaction.h"
 #include "database/bulk_insert.h"
 #include "database/code_page.h"
+#include "database/connection.h"
 #include "database/dbase_table.h"
 #include "database/load_values.h"
 #include "database/schema.h"
 #include "database/sql.h"
-#include "session/globals.h"
 
 #include <QDate>
 #include <QDir>
@@ -264,7 +264,7 @@ void CopyBCFRows(cDbaseTable &source)
         QVariant size;
         ~cRestoreCache()
         {
-            QSqlQuery query(Database().Db());
+            QSqlQuery query(SessionConnection());
             query.exec(QStringLiteral("PRAGMA cache_size = ") + QString::number(size.toLongLong()));
         }
     } restoreCache{cacheSize};

@@ -2,8 +2,7 @@
 
 #include "base/common.h"
 #include "base/fatal_fault.h"
-#include "database/database.h"
-#include "session/globals.h"
+#include "database/connection.h"
 
 #include <QSqlError>
 
@@ -27,7 +26,7 @@ int savepointDepth = 0;
 
 QSqlQuery RunSql(const QString &statement, const QVariantList &values)
 {
-    QSqlQuery query(Database().Db());
+    QSqlQuery query(SessionConnection());
     query.setForwardOnly(true);
     if (!query.prepare(statement))
         RaiseSqlFault(statement, query.lastError());
@@ -46,7 +45,7 @@ QVariant SqlScalar(const QString &statement, const QVariantList &values)
 }
 
 cPreparedSql::cPreparedSql(const QString &statement)
-    : statement_(statement), query_(Database().Db())
+    : statement_(statement), query_(SessionConnection())
 {
     query_.setForwardOnly(true);
     if (!query_.prepare(statement_))
@@ -72,7 +71,7 @@ cTransaction::~cTransaction()
         return;
     // Rolling back must not throw out of a destructor; a failure here leaves the
     // engine to discard the unit when the connection closes.
-    QSqlQuery query(Database().Db());
+    QSqlQuery query(SessionConnection());
     query.exec(QStringLiteral("ROLLBACK TO ") + name_);
     query.exec(QStringLiteral("RELEASE ") + name_);
     --savepointDepth;

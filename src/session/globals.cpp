@@ -1,6 +1,7 @@
 #include "session/globals.h"
 
 #include "base/fatal_fault.h"
+#include "database/connection.h"
 #include "database/database.h"
 #include "session/control.h"
 
@@ -31,11 +32,13 @@ void CreateSessionObjects()
 {
     theControl = std::make_unique<cControl>();
     theDatabase = std::make_unique<cDatabase>();
+    setSessionConnection(theDatabase->ConnectionName());
 }
 
 void DestroySessionObjects()
 {
     theControl.reset();
+    clearSessionConnection();
     theDatabase.reset();
 }
 

@@ -3,10 +3,8 @@
 #include "base/common.h"
 #include "base/fatal_fault.h"
 #include "database/sql.h"
-#include "register/master.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "session/players.h"
 #include "session/tournament.h"
 
 #include <QSqlQuery>
@@ -474,10 +472,19 @@ cFieldValues cPlayer::WriteFields() const
             {QStringLiteral("Withdrawn"), FlagValue(withdrawn_)}};
 }
 
+QString cPlayer::NextPlayerId(const QString &tournId)
+{
+    const QVariant highest = SqlScalar(QStringLiteral("Select Max(PId) From Player where TId = ?"),
+                                       {WholeValue(tournId)});
+    if (highest.isNull())
+        return QStringLiteral("1");
+    return QString::number(highest.toLongLong() + 1);
+}
+
 void cPlayer::Create()
 {
     cTournament &tournament = OpenTournament();
-    playerId_ = tournament.Players().NextPlayerId();
+    playerId_ = NextPlayerId(tournament.TournId());
     cFieldValues fields{{QStringLiteral("TId"), QVariant(WholeValue(tournament.TournId()))},
                         {QStringLiteral("PId"), QVariant(WholeValue(playerId_))}};
     fields.append(WriteFields());
@@ -488,16 +495,6 @@ void cPlayer::Update()
 {
     UpdateFirstRow(QStringLiteral("Player"), WriteFields(), QStringLiteral("TId = ? and PId = ?"),
                    {WholeValue(tournId_), WholeValue(playerId_)});
-}
-
-void cPlayer::UpdateGradesFromMaster(const cMaster &master)
-{
-    longPlay_ = master.LongPlay();
-    longPlayLett_ = master.LongPlayLett();
-    rapidPlay_ = master.RapidPlay();
-    rapidPlayLett_ = master.RapidPlayLett();
-    fide_ = master.FIDE();
-    Update();
 }
 
 void cPlayer::Delete()
@@ -513,28 +510,4 @@ void cPlayer::Delete()
         transaction.Commit();
     }
     Clear();
-}
-
-void cPlayer::CreateFromMaster(const QString &tournId, const cMaster &master)
-{
-    playerId_ = OpenTournament().Players().NextPlayerId();
-    setTournId(tournId);
-    masterId_ = master.MasterId();
-    forename_ = master.Forename();
-    surname_ = master.Surname();
-    dob_ = master.DOB();
-    // The age as stored, not the shown form with its plus sign.
-    age_ = master.StoredAge();
-    club_ = master.Club();
-    clubCode_ = master.ClubCode();
-    clubName_ = master.ClubName();
-    school_ = master.School();
-    gmTitle_ = master.GMTitle();
-    longPlay_ = master.LongPlay();
-    longPlayLett_ = master.LongPlayLett();
-    rapidPlay_ = master.RapidPlay();
-    rapidPlayLett_ = master.RapidPlayLett();
-    fide_ = master.FIDE();
-    bcfCode_ = master.BCFCode();
-    Create();
 }

@@ -124,6 +124,9 @@ public:
     void Load(const QString &tournId, const QString &playerId, const QString &masterId);
     // Fills the record from a row of Player that the caller has read.
     void LoadFromRow(const QSqlQuery &row, const cPlayerColumns &columns);
+    // The next free player id of a tournament, from the file: one past the highest,
+    // 1 for the first entrant.
+    static QString NextPlayerId(const QString &tournId);
     // Writes a new row into the open tournament under its next free player id.
     void Create();
     void Update();

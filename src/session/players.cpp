@@ -3,7 +3,6 @@
 #include "base/common.h"
 #include "base/fatal_fault.h"
 #include "database/sql.h"
-#include "register/master.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -38,33 +37,12 @@ QString NextOf(const QString &statement)
 
 QString cPlayers::NextPlayerId() const
 {
-    return NextOf(QStringLiteral("Select Max(PId) From Player where TId = ?"));
+    return cPlayer::NextPlayerId(OpenTournamentId());
 }
 
 QString cPlayers::NextPin() const
 {
     return NextOf(QStringLiteral("Select Max(Pin) From Player where TId = ?"));
-}
-
-void cPlayers::LoadGradesFromMaster()
-{
-    cTransaction transaction;
-    for (const std::shared_ptr<cPlayer> &player : entries_) {
-        if (player->MasterId().isEmpty())
-            continue;
-        cMaster master;
-        master.Load(player->MasterId());
-        player->UpdateGradesFromMaster(master);
-    }
-    transaction.Commit();
-}
-
-std::shared_ptr<cPlayer> cPlayers::AddFromMaster(const QString &tournId, const cMaster &master)
-{
-    auto player = std::make_shared<cPlayer>();
-    player->CreateFromMaster(tournId, master);
-    Add(player->PlayerId(), player);
-    return player;
 }
 
 bool cPlayers::ValidAddPlayer(const QString &masterId) const

@@ -15,7 +15,6 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
-#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_export.h"
 #include "ui/frm_load_bcf_list.h"
@@ -442,4 +441,31 @@ void frmMain::mnuViewTournament_Click()
         ShowTournamentView(false);
     else
         mnuFileOpen_Click();
+}
+
+namespace {
+
+void Enable(const frmMain &window, const char *name, bool enabled)
+{
+    if (QAction *action = window.Command(QString::fromLatin1(name)))
+        action->setEnabled(enabled);
+}
+
+} // namespace
+
+void SetMainCommands()
+{
+    const frmMain *window = frmMain::Instance();
+    if (!window)
+        return;
+    const auto tournament = Control().Tournament();
+    const bool open = tournament != nullptr;
+    const bool changeable = open && !tournament->IsLocked();
+    Enable(*window, "mnuFileCopy", open);
+    Enable(*window, "mnuFileDelete", open);
+    Enable(*window, "mnuTRefreshGrades", changeable);
+    Enable(*window, "mnuTRemoveAllPlayers", changeable);
+    if (window->Command(QStringLiteral("mnuTBCFMaster")))
+        Enable(*window, "mnuTBCFMaster", !Database().BCFMasterIsEmpty());
+    frmMain::Instance()->ShowTitle();
 }

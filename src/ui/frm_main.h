@@ -97,3 +97,8 @@ private:
 // The window position is kept in twips, a twentieth of a point; the screen counts
 // fifteen of them to a pixel.
 inline constexpr int TwipsPerPixel = 15;
+
+// Which commands of the main window are available, from whether a tournament is
+// open, whether it is locked and whether a grading list is loaded. Items that the
+// window does not carry are passed over.
+void SetMainCommands();

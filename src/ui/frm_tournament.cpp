@@ -10,7 +10,7 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
-#include "ui/commands.h"
+#include "ui/frm_main.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
@@ -223,4 +223,28 @@ void frmTournament::cmdWithdraw_Click()
     // The busy count is raised a second time and never lowered, as the organisers
     // have always known this command: the hourglass stays up from here on.
     BeginBusy();
+}
+
+void SetTournamentCommands()
+{
+    frmTournament *window = frmTournament::Instance();
+    const auto tournament = Control().Tournament();
+    if (window && tournament) {
+        const bool locked = tournament->IsLocked();
+        const auto selected = tournament->SelPlayer();
+        window->cmdTLocked->setText(locked ? QObject::tr("Unlock") : QObject::tr("Lock"));
+        window->fTournament->setTitle(locked ? QObject::tr("Locked") : QString());
+        window->cmdTUpdate->setEnabled(!locked);
+        window->cmdAdd->setEnabled(!locked);
+        // Rounds and the current round compare as texts, as Next Round does.
+        window->cmdTNextRound->setEnabled(!locked &&
+                                          tournament->Rounds() != tournament->CurrRound());
+        window->cmdUpdate->setEnabled(!locked && selected);
+        window->cmdWithdraw->setEnabled(!locked && selected);
+        window->cmdTPin->setEnabled(!locked && selected);
+        if (selected)
+            window->cmdWithdraw->setText(selected->Withdrawn() ? QObject::tr("Reinstate")
+                                                               : QObject::tr("Withdraw"));
+    }
+    SetMainCommands();
 }

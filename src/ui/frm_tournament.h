@@ -48,3 +48,8 @@ private:
     void cmdWithdraw_Click();
     void SelectPlayer();
 };
+
+// Which commands of the tournament window are available, from whether the tournament
+// is locked, whether an entrant is selected and how many there are; then the main
+// window's commands.
+void SetTournamentCommands();

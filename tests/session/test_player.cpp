@@ -48,6 +48,7 @@ private slots:
     void updateGradesFromMasterTakesOnlyTheGrades();
     void validDeleteIsAlwaysTrue();
     void createWithNoOpenTournamentIsAFatalFault();
+    void nextPlayerIdCountsInTheTournamentGiven();
 };
 
 namespace {
@@ -683,6 +684,18 @@ void TestPlayer::createWithNoOpenTournamentIsAFatalFault()
     player.setTournId(QStringLiteral("1"));
     QVERIFY_THROWS_EXCEPTION(cFatalFault, player.Create());
     QCOMPARE(SqlScalar(QStringLiteral("Select count(*) From Player")).toInt(), 0);
+}
+
+void TestPlayer::nextPlayerIdCountsInTheTournamentGiven()
+{
+    cTestSession session;
+    const auto first = OpenTournament(QStringLiteral("L"), QStringLiteral("0"));
+    QCOMPARE(cPlayer::NextPlayerId(first->TournId()), QStringLiteral("1"));
+    Entrant(QString(), QString(), QString(), QString(), QString());
+    Entrant(QString(), QString(), QString(), QString(), QString());
+    const auto second = OpenTournament(QStringLiteral("L"), QStringLiteral("0"));
+    QCOMPARE(cPlayer::NextPlayerId(first->TournId()), QStringLiteral("3"));
+    QCOMPARE(cPlayer::NextPlayerId(second->TournId()), QStringLiteral("1"));
 }
 
 VELMORA_TEST_MAIN(TestPlayer)

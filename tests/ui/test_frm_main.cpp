@@ -6,7 +6,6 @@
 #include "session/tournament.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
-#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_main.h"
 #include "ui/register_summary.h"

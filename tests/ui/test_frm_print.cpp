@@ -6,7 +6,6 @@
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 #include "support/widget_driving.h"
-#include "ui/commands.h"
 #include "ui/file_locations.h"
 #include "ui/frm_export.h"
 #include "ui/frm_main.h"

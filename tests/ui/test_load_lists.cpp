@@ -5,7 +5,6 @@
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
 #include "support/widget_driving.h"
-#include "ui/commands.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_main.h"

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+
+// The connection every statement runs on: the one of the session's database. The
+// session hands its name down when it starts and withdraws it when it ends, so that
+// nothing in the database layer reaches up for the session's single instances.
+void setSessionConnection(const QString &connectionName);
+void clearSessionConnection();
+// The session's connection; a statement before the session has started is a fatal
+// fault of the run.
+QSqlDatabase SessionConnection();
