@@ -25,6 +25,7 @@
 #include "ui/register_summary.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QStackedWidget>
@@ -305,6 +306,9 @@ void frmMain::UnloadTournamentWindow()
 {
     if (!tournamentView_)
         return;
+    // The keys stay with this window when the widget that had them goes.
+    if (tournamentView_->isAncestorOf(QApplication::focusWidget()))
+        views_->setFocus();
     views_->removeWidget(tournamentView_);
     delete tournamentView_;
     tournamentView_ = nullptr;
