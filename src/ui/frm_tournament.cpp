@@ -11,6 +11,7 @@
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
 #include "ui/commands.h"
+#include "ui/frm_main.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
@@ -165,6 +166,8 @@ void frmTournament::cmdTUpdate_Click()
     if (!cancelled) {
         Display();
         DisplayList();
+        if (frmMain *main = frmMain::Instance())
+            main->ShowTitle();
     }
 }
 

@@ -231,6 +231,15 @@ void TestFrmMainTournament::newTournamentIsPutOnViewAndNamedInTheTitle()
              QStringLiteral("Summer <Open> & Co"));
     QVERIFY(window.mnuFileCopy->isEnabled());
     QVERIFY(window.mnuTRemoveAllPlayers->isEnabled());
+    // A change of the title through Update shows in the window's title at once.
+    WhenModalShows<frmTournamentDetails>(
+        [](frmTournamentDetails *details) {
+            ReplaceText(details->tournamentControl->txtTitle, QStringLiteral("Renamed"));
+            QTest::mouseClick(details->cmdOk, Qt::LeftButton);
+        },
+        nullptr);
+    QTest::mouseClick(window.TournamentWindow()->cmdTUpdate, Qt::LeftButton);
+    QCOMPARE(window.windowTitle(), QStringLiteral("Velmora! - Renamed"));
 }
 
 void TestFrmMainTournament::masterAndTournamentSwitchWithThePressedButton()
