@@ -41,12 +41,10 @@ bool cPlayers::ValidPin(const QString &pin) const
 
 void cPlayers::PinsClear()
 {
-    cTransaction transaction;
-    for (const std::shared_ptr<cPlayer> &player : entries_) {
+    for (const std::shared_ptr<cPlayer> &player : entries_)
         player->setPin(QString());
-        player->Update();
-    }
-    transaction.Commit();
+    // One prepared statement writes the whole field as one unit of work.
+    cPlayer::UpdateEach(entries_);
 }
 
 void cPlayers::PinsInOrder(qint16 order)
@@ -54,12 +52,9 @@ void cPlayers::PinsInOrder(qint16 order)
     mPlayerArray::LoadPlayerArray(*this, playerArray_);
     mPlayerArray::SortPlayerArray(order, playerArray_);
     mPlayerArray::IndexPlayerArray(*this, playerArray_, idMap_);
-    cTransaction transaction;
-    for (size_t position = 0; position < playerArray_.size(); ++position) {
+    for (size_t position = 0; position < playerArray_.size(); ++position)
         playerArray_[position]->setPin(QString::number(position + 1));
-        playerArray_[position]->Update();
-    }
-    transaction.Commit();
+    cPlayer::UpdateEach(playerArray_);
 }
 
 void cPlayers::PinsByGrade()
@@ -90,12 +85,9 @@ void cPlayers::PinsByRandom()
             value = draw(generator);
         return value;
     });
-    cTransaction transaction;
-    for (size_t position = 0; position < entries_.size(); ++position) {
+    for (size_t position = 0; position < entries_.size(); ++position)
         entries_[position]->setPin(QString::number(pinSlots[position]));
-        entries_[position]->Update();
-    }
-    transaction.Commit();
+    cPlayer::UpdateEach(entries_);
 }
 
 QString cPlayers::PinsValidate()

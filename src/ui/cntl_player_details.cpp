@@ -203,7 +203,12 @@ void cntlPlayerDetails::BuildLabels()
 void cntlPlayerDetails::setDisplayMode(int mode)
 {
     displayMode_ = mode;
-    frames_->setCurrentWidget(mode == New || mode == Change ? frmText : frmLabel);
+    QWidget *shown = mode == New || mode == Change ? frmText : frmLabel;
+    QWidget *hidden = shown == frmLabel ? frmText : frmLabel;
+    // Only the frame on view asks for room.
+    shown->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    hidden->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    frames_->setCurrentWidget(shown);
 }
 
 QStatusBar *cntlPlayerDetails::StatusBar() const

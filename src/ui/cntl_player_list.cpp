@@ -39,6 +39,8 @@ cntlPlayerList::cntlPlayerList(QWidget *parent) : QWidget(parent)
     txtInp->installEventFilter(this);
     lstData->viewport()->installEventFilter(this);
     lstData->installEventFilter(this);
+    // The pin box is the tab stop of the grid, so the tab keys pass through both ways.
+    lstData->setFocusPolicy(Qt::ClickFocus);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(lstData);

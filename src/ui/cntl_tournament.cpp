@@ -145,7 +145,12 @@ void cntlTournament::setDisplayMode(int mode)
     if (mode > Remove)
         return;
     displayMode_ = mode;
-    frames_->setCurrentWidget(mode == View || mode == Remove || mode == 4 ? frmLabel : frmText);
+    QWidget *shown = mode == View || mode == Remove || mode == 4 ? frmLabel : frmText;
+    QWidget *hidden = shown == frmLabel ? frmText : frmLabel;
+    // Only the frame on view asks for room, so the labels do not take the fields' height.
+    shown->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    hidden->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    frames_->setCurrentWidget(shown);
 }
 
 QStatusBar *cntlTournament::StatusBar() const

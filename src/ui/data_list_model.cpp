@@ -135,12 +135,14 @@ void cDataListModel::ReadEntrants()
     if (!tournament)
         return;
     const bool upperCaseSurname = Control().SurnameCase() != 0;
+    // The type and default grade are read once for the whole list.
+    const cGradeBasis basis = cGradeBasis::Stored(tournament->TournId());
     for (const auto &player : tournament->Players()) {
         cRow row;
         row.cells[KeyColumn] = player->PlayerId();
         row.cells[PinColumn] = QStringLiteral("%1").arg(player->Pin(), 3);
         row.cells[EntrantNameColumn] = player->DisplayName(upperCaseSurname);
-        row.cells[GradeColumn] = player->DisplayGrade();
+        row.cells[GradeColumn] = player->DisplayGrade(basis);
         if (WholeValue(player->Games()) > 0)
             row.cells[ScoreColumn] = player->DisplayScore() + u'/' + player->Games();
         row.cells[WithdrawnColumn] =

@@ -27,6 +27,7 @@
 #include "ui/register_summary.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QStackedWidget>
@@ -314,6 +315,9 @@ void frmMain::UnloadTournamentWindow()
 {
     if (!tournamentView_)
         return;
+    // The keys stay with this window when the widget that had them goes.
+    if (tournamentView_->isAncestorOf(QApplication::focusWidget()))
+        views_->setFocus();
     views_->removeWidget(tournamentView_);
     delete tournamentView_;
     tournamentView_ = nullptr;

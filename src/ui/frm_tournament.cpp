@@ -18,7 +18,9 @@
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QPushButton>
+#include <QTableView>
 #include <QVBoxLayout>
 
 namespace {
@@ -51,6 +53,9 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     lstPlayer = new cntlDataList(this);
     lstPlayer->setObjectName(QStringLiteral("lstPlayer"));
     lstPlayer->setDisplayType(qint32(DataListKind::Entrants));
+    // The narrow headings ("Pin", "Grade") keep room for their captions.
+    lstPlayer->lstData->horizontalHeader()->setMinimumSectionSize(
+        fontMetrics().horizontalAdvance(tr("Grade")) + 24);
     cmdAdd = NewCommand(this, "cmdAdd", tr("Update Player List"));
     cmdUpdate = NewCommand(this, "cmdUpdate", tr("Update"));
     cmdWithdraw = NewCommand(this, "cmdWithdraw", tr("Withdraw"));
@@ -72,7 +77,7 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     entrantCommands->addWidget(cmdWithdraw);
     entrantCommands->addStretch(1);
     auto *layout = new QVBoxLayout(this);
-    layout->addLayout(top);
+    layout->addLayout(top, 0);
     layout->addWidget(lstPlayer, 1);
     layout->addLayout(entrantCommands);
     setTabOrder(lstPlayer, cmdAdd);
@@ -160,6 +165,8 @@ void frmTournament::cmdTUpdate_Click()
     if (!cancelled) {
         Display();
         DisplayList();
+        if (frmMain *main = frmMain::Instance())
+            main->ShowTitle();
     }
 }
 

@@ -199,7 +199,7 @@ private slots:
     {
         const QList<cInclude> includes = {
             {QStringLiteral("database/sql.cpp"), QStringLiteral("session/globals.h")},
-            {QStringLiteral("database/sql.cpp"), QStringLiteral("base/common.h")}};
+            {QStringLiteral("database/sql.cpp"), QStringLiteral("session/common.h")}};
         const QStringList faults = FloorFaults(includes, FilesOf(includes));
         QCOMPARE(faults, QStringList{QStringLiteral(
                              "database/sql.cpp includes session/globals.h of a higher room")});
@@ -220,7 +220,7 @@ private slots:
     void findsAHeaderThatIsNotThere()
     {
         const QList<cInclude> includes = {
-            {QStringLiteral("ui/frm_main.cpp"), QStringLiteral("base/common.h")}};
+            {QStringLiteral("ui/frm_main.cpp"), QStringLiteral("session/common.h")}};
         QCOMPARE(FloorFaults(includes, {QStringLiteral("ui/frm_main.cpp")}),
                  QStringList{QStringLiteral(
                      "ui/frm_main.cpp includes session/common.h, which is not in src/")});

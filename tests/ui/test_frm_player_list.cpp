@@ -303,6 +303,13 @@ void TestFrmPlayerList::pinTypedInPlaceIsSavedOnLeaving()
     QTest::keyClick(pin, Qt::Key_Tab);
     QTRY_COMPARE(best->Pin(), QStringLiteral("8"));
     QCOMPARE(seam.Count(QStringLiteral("beep")), 0);
+    // The tab keys pass through the pin box both ways.
+    QTRY_VERIFY(!pin->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QTRY_VERIFY(pin->hasFocus());
+    QTest::keyClick(pin, Qt::Key_Backtab);
+    QTRY_VERIFY(!pin->hasFocus());
+    QVERIFY(!desk.lstPlayer->lstData->hasFocus());
 }
 
 void TestFrmPlayerList::downOnTheLastRowAndUpOnRowZeroDoNothing()
