@@ -343,7 +343,9 @@ void TestStartUp::importThroughTheDialogFillsTheNewDatabase()
     QVERIFY(startUp.Main());
     QVERIFY(shown);
     QCOMPARE(Database().SourceDb(), dos);
-    QCOMPARE(seam_->Count(QStringLiteral("message|")), 0);
+    QCOMPARE(seam_->CallsStartingWith(QStringLiteral("message|")),
+             QStringList{QStringLiteral(
+                 "message|information|Velmora!|297 players, 6 tournaments and 5 clubs loaded")});
     QCOMPARE(RowCount(QStringLiteral("Master")), 297);
     QCOMPARE(RowCount(QStringLiteral("Velmora")), 6);
     QCOMPARE(RowCount(QStringLiteral("Player")), 106);
