@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSysInfo>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,7 +42,9 @@ QString VersionCaption()
 }
 
 frmSplash::frmSplash(QWidget *parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    // Not kept on top: a dialog of the start-up (the New Database dialog, a message)
+    // must stand in front of it.
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmSplash"));
     auto *layout = new QVBoxLayout(this);
@@ -49,7 +52,9 @@ frmSplash::frmSplash(QWidget *parent)
     layout->addWidget(TitleLabel(this));
     lblVersion = VersionLabel(this);
     layout->addWidget(lblVersion);
-    auto *platform = new QLabel(tr("Windows '95,  '98 and 2000"), this);
+    // The platform the program runs on, as the system names it.
+    auto *platform = new QLabel(QSysInfo::prettyProductName(), this);
+    platform->setObjectName(QStringLiteral("lblPlatform"));
     platform->setAlignment(Qt::AlignCenter);
     layout->addWidget(platform);
     auto *maker = new QLabel(MakerLine, this);

@@ -1,5 +1,7 @@
 #include "ui/qt_interaction.h"
 
+#include "ui/frm_main.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -7,6 +9,19 @@
 #include <QPlainTextEdit>
 
 namespace {
+
+// The window that a message, a dialog or the progress window belongs to, so that it
+// centres on that window and not on the screen: the dialog in front, else the
+// active window, else the main window.
+QWidget *OwnerWindow()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    frmMain *main = frmMain::Instance();
+    return main && main->isVisible() ? main : nullptr;
+}
 
 // The filter "Label|pattern|Label|pattern" as the dialog's name filters. The label
 // is shown as written and the dialog filters on the pattern beside it, even where
@@ -27,7 +42,7 @@ QStringList NameFilters(const QString &filter)
 
 QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
 {
-    QFileDialog dialog(QApplication::activeWindow(), request.title, request.folder);
+    QFileDialog dialog(OwnerWindow(), request.title, request.folder);
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                        : QFileDialog::ExistingFile);
@@ -49,8 +64,7 @@ QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
 
 bool cQtInteraction::AskYesNo(const QString &question, const QString &title)
 {
-    return QMessageBox::question(QApplication::activeWindow(), title, question,
-                                 QMessageBox::Yes | QMessageBox::No,
+    return QMessageBox::question(OwnerWindow(), title, question, QMessageBox::Yes | QMessageBox::No,
                                  QMessageBox::Yes) == QMessageBox::Yes;
 }
 
@@ -71,20 +85,31 @@ void cQtInteraction::ShowMessage(const QString &text, MessageIcon icon, const QS
         boxIcon = QMessageBox::Critical;
         break;
     }
-    QMessageBox box(boxIcon, title, text, QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(boxIcon, title, text, QMessageBox::Ok, OwnerWindow());
     box.exec();
 }
 
 frmProgress &cQtInteraction::ProgressWindow()
 {
     if (!progress_)
-        progress_ = std::make_unique<frmProgress>(QApplication::activeWindow());
+        progress_ = std::make_unique<frmProgress>(OwnerWindow());
     return *progress_;
 }
 
 void cQtInteraction::ProgressStart(const QString &text, qint32 maximum)
 {
-    ProgressWindow().Start(text, maximum);
+    frmProgress &window = ProgressWindow();
+    // Each pass shows the window over the window it belongs to now.
+    QWidget *owner = OwnerWindow();
+    if (owner == &window)
+        owner = window.parentWidget();
+    if (owner != window.parentWidget() && !window.isVisible())
+        window.setParent(owner, window.windowFlags());
+    if (owner && !window.isVisible()) {
+        window.adjustSize();
+        window.move(owner->frameGeometry().center() - window.rect().center());
+    }
+    window.Start(text, maximum);
 }
 
 void cQtInteraction::ProgressUpdate(qint32 value)
@@ -100,7 +125,7 @@ void cQtInteraction::ProgressTerminate()
 frmMsg &cQtInteraction::MessageWindow()
 {
     if (!message_)
-        message_ = std::make_unique<frmMsg>(QApplication::activeWindow());
+        message_ = std::make_unique<frmMsg>(OwnerWindow());
     return *message_;
 }
 
