@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QStandardPaths>
 
 namespace {
 
@@ -40,24 +42,64 @@ QStringList NameFilters(const QString &filter)
     return filters;
 }
 
+// The folder of the file chosen last in this run, where a dialog with no folder of
+// its own opens.
+QString &LastFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+// A request that names no folder opens in the last folder used, or at first in the
+// person's documents folder, never in the program's own.
+QString StartFolder(const cFileRequest &request)
+{
+    if (!request.folder.isEmpty())
+        return request.folder;
+    if (!LastFolder().isEmpty())
+        return LastFolder();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A dialog opened on a folder that is missing would fall back to another one.
+    QDir().mkpath(documents);
+    return documents;
+}
+
+// A request that names no filter lists the files of its kind first, all files
+// second.
+QString FilterOf(const cFileRequest &request)
+{
+    if (!request.filter.isEmpty() || request.defaultExtension.isEmpty())
+        return request.filter;
+    const QString extension = request.defaultExtension.toLower();
+    const QString kind = extension == u"dbf"   ? QStringLiteral("dBase files")
+                         : extension == u"txt" ? QStringLiteral("Text files")
+                         : extension == u"bak" ? QStringLiteral("Backups")
+                                               : extension.toUpper() + QStringLiteral(" files");
+    return kind + QStringLiteral(" (*.") + extension + QStringLiteral(")|*.") + extension +
+           QStringLiteral("|All files (*)|*");
+}
+
 QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
 {
-    QFileDialog dialog(OwnerWindow(), request.title, request.folder);
+    QFileDialog dialog(OwnerWindow(), request.title, StartFolder(request));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                        : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    const QStringList filters = NameFilters(request.filter);
+    const QStringList filters = NameFilters(FilterOf(request));
     dialog.setNameFilters(filters);
-    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
-        dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    const int filterIndex = request.filter.isEmpty() ? 1 : request.filterIndex;
+    if (filterIndex >= 1 && filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[filterIndex - 1]);
     dialog.setDefaultSuffix(request.defaultExtension.toLower());
     if (!request.fileName.contains(u'*'))
         dialog.selectFile(request.fileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    const QString chosen = dialog.selectedFiles().constFirst();
+    LastFolder() = QFileInfo(chosen).absolutePath();
+    return QDir::toNativeSeparators(chosen);
 }
 
 } // namespace

@@ -6,7 +6,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
 #include <QMessageBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -98,6 +103,48 @@ private slots:
                                 .arg(progress->frameGeometry().center().x())
                                 .arg(progress->frameGeometry().center().y())));
         interaction.ProgressTerminate();
+    }
+
+    void fileDialogOpensInDocumentsThenInTheLastFolderWithItsKindOfFile()
+    {
+        cQtInteraction interaction;
+        QTemporaryDir lists;
+        const QString list = lists.filePath(QStringLiteral("Players.dbf"));
+        QFile(list).open(QIODevice::WriteOnly);
+        const cFileRequest request{
+            QStringLiteral("Open"), QString(), QStringLiteral("Players.dbf"), QString(), 1,
+            QStringLiteral("dbf")};
+        QString firstFolder;
+        QStringList filters;
+        QString selectedFilter;
+        QTimer::singleShot(0, this, [&] {
+            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            firstFolder = dialog->directory().absolutePath();
+            filters = dialog->nameFilters();
+            selectedFilter = dialog->selectedNameFilter();
+            dialog->selectFile(list);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        QCOMPARE(interaction.ChooseOpenFile(request), QDir::toNativeSeparators(list));
+        QCOMPARE(firstFolder,
+                 QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+                     .absolutePath());
+        QCOMPARE(filters, (QStringList{QStringLiteral("dBase files (*.dbf)"),
+                                       QStringLiteral("All files (*)")}));
+        QVERIFY2(selectedFilter.startsWith(QStringLiteral("dBase files")),
+                 qPrintable(selectedFilter));
+
+        QString secondFolder;
+        QTimer::singleShot(0, this, [&] {
+            if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+                secondFolder = dialog->directory().absolutePath();
+                dialog->reject();
+            }
+        });
+        QVERIFY(interaction.ChooseOpenFile(request).isEmpty());
+        QCOMPARE(secondFolder, QDir(lists.path()).absolutePath());
     }
 
 private:
