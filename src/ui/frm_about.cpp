@@ -81,10 +81,15 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent)
     buttons->addWidget(cmdOk);
     buttons->addWidget(cmdSysInfo);
     auto *layout = new QVBoxLayout(this);
+    // Room around the texts, and a width that keeps the whole title in the title bar.
+    layout->setContentsMargins(32, 24, 32, 20);
+    layout->setSpacing(10);
     layout->addWidget(TitleLabel(this));
     layout->addWidget(lblVersion);
     layout->addWidget(maker);
+    layout->addSpacing(12);
     layout->addLayout(buttons);
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 2 + 120);
 
     connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);
