@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -65,6 +66,9 @@ public:
     bool LoadBCFMastList(const QString &fileName);
     bool LoadClubTable(const QString &fileName);
     QString LoadFaultText() const { return loadFaultText_; }
+    // What the last load met but took anyway (grades it could not read, damaged
+    // bytes of the base copy), for the person to hear of.
+    QStringList LoadNotes() const { return loadNotes_; }
     // The import of a folder of the DOS predecessor into a new database. Each
     // Copy…Table routine appends its table as one unit of work or nothing, and
     // returns false with the reason in LoadFaultText(). Names stay as the DOS
@@ -135,4 +139,5 @@ private:
     QString backupDir_;
     QString sourceDb_;
     QString loadFaultText_;
+    QStringList loadNotes_;
 };

@@ -89,10 +89,11 @@ QByteArrayView TrimmedBytes(QByteArrayView bytes)
     return bytes.sliced(first, last - first);
 }
 
-bool IsAscii(QByteArrayView bytes)
+// Printable ASCII, which is stored as the file holds it.
+bool IsPlainAscii(QByteArrayView bytes)
 {
     for (const char c : bytes)
-        if (static_cast<unsigned char>(c) >= 0x80)
+        if (static_cast<unsigned char>(c) >= 0x7F || static_cast<unsigned char>(c) < 0x20)
             return false;
     return true;
 }
@@ -138,7 +139,7 @@ public:
             const QByteArrayView bytes = TrimmedBytes(source_.RawValue(pair.source));
             if (bytes.isEmpty())
                 return false;
-            if (IsAscii(bytes) && bytes.size() <= pair.field->size) {
+            if (IsPlainAscii(bytes) && bytes.size() <= pair.field->size) {
                 insert_.BindText(pair.column, bytes);
                 return true;
             }
@@ -182,8 +183,13 @@ public:
             }
         }
         const QVariant value = source_.Value(pair.source);
-        if (value.isNull())
+        if (value.isNull()) {
+            // Letters in a number field read as blank; they are counted, so that the
+            // person hears of grades that the list holds but that can't be read.
+            if (!TrimmedBytes(source_.RawValue(pair.source)).isEmpty())
+                ++unreadable_;
             return false;
+        }
         setPlace();
         *number = mapper_.Number(*pair.field, value, pair.sourceName).toDouble();
         return true;
@@ -222,9 +228,13 @@ public:
         insert_.BindValue(pair.column, mapper_.Date(*pair.field, value, pair.sourceName));
     }
 
+    // How many number fields held something other than a number.
+    qint64 Unreadable() const { return unreadable_; }
+
 private:
     const cDbaseTable &source_;
     cBulkInsert &insert_;
+    qint64 unreadable_ = 0;
     cValueMapper mapper_;
     char date_[16] = {};
 };
@@ -249,7 +259,8 @@ bool IsNumberText(QByteArrayView bytes)
     return SourceNumber(QString::fromLatin1(bytes), &number);
 }
 
-void CopyBCFRows(cDbaseTable &source)
+// Copies the rows of the list; gives how many of their grades could not be read.
+qint64 CopyBCFRows(cDbaseTable &source)
 {
     const TableDefinition &table = Schema::BCFMastTable();
     // The index is built once after the rows are in, which is several times faster
@@ -321,6 +332,7 @@ void CopyBCFRows(cDbaseTable &source)
     }
     if (source.Failed())
         RaiseLoadFault(source.ErrorText());
+    const qint64 unreadableGrades = writer.Unreadable();
 
     for (const IndexDefinition &index : table.indexes) {
         QStringList indexFields;
@@ -329,6 +341,7 @@ void CopyBCFRows(cDbaseTable &source)
         RunSql(QStringLiteral("CREATE INDEX \"") + index.name + QStringLiteral("\" ON \"") +
                table.name + QStringLiteral("\" (") + indexFields.join(QStringLiteral(", ")) + u')');
     }
+    return unreadableGrades;
 }
 
 void CopyClubRows(cDbaseTable &source)
@@ -394,18 +407,52 @@ bool SplitQuotedLine(const QString &line, QStringList *fields)
     }
 }
 
-// The base copy is written as UTF-8; a copy that an organiser saved from an older
-// Windows editor is read as code page 1252.
-QString DecodeBaseCopy(const QByteArray &bytes)
+// Counts the multi-byte UTF-8 sequences of the bytes and the bytes that belong to
+// none.
+void CountUtf8(QByteArrayView bytes, qint64 *sequences, qint64 *strays)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = utf8.decode(bytes);
-    if (!utf8.hasError())
-        return text;
+    *sequences = 0;
+    *strays = 0;
+    for (qsizetype at = 0; at < bytes.size();) {
+        const auto lead = static_cast<unsigned char>(bytes[at]);
+        const int following = lead < 0x80                    ? 0
+                              : lead >= 0xC2 && lead <= 0xDF ? 1
+                              : lead >= 0xE0 && lead <= 0xEF ? 2
+                              : lead >= 0xF0 && lead <= 0xF4 ? 3
+                                                             : -1;
+        bool whole = following >= 0 && at + following < bytes.size();
+        for (int step = 1; whole && step <= following; ++step)
+            whole = (static_cast<unsigned char>(bytes[at + step]) & 0xC0) == 0x80;
+        if (!whole) {
+            ++*strays;
+            ++at;
+            continue;
+        }
+        if (following > 0)
+            ++*sequences;
+        at += 1 + following;
+    }
+}
+
+// The base copy is written as UTF-8; a copy that an organiser saved from an older
+// Windows editor is read as code page 1252. A UTF-8 copy with a few damaged bytes
+// stays UTF-8, each damaged byte read as a replacement mark, and brokenBytes tells
+// how many there were.
+QString DecodeBaseCopy(const QByteArray &bytes, qint64 *brokenBytes)
+{
+    *brokenBytes = 0;
+    qint64 sequences = 0;
+    qint64 strays = 0;
+    CountUtf8(bytes, &sequences, &strays);
+    if (strays == 0 || (sequences > 0 && strays <= qMax<qint64>(3, sequences / 10))) {
+        *brokenBytes = strays;
+        QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        return utf8.decode(bytes);
+    }
     return CodePage::Decode(CodePage::Windows1252, bytes);
 }
 
-void CopyClubBaseCopy(const QString &path)
+void CopyClubBaseCopy(const QString &path, QStringList *notes)
 {
     QFile file(path);
     if (!file.exists())
@@ -416,7 +463,8 @@ void CopyClubBaseCopy(const QString &path)
                        QDir::toNativeSeparators(path) + QStringLiteral(", cannot be read: ") +
                        file.errorString());
     const qint64 size = file.size();
-    QString text = DecodeBaseCopy(file.readAll());
+    qint64 brokenBytes = 0;
+    QString text = DecodeBaseCopy(file.readAll(), &brokenBytes);
     if (text.startsWith(QChar(0xFEFF)))
         text.remove(0, 1);
     file.close();
@@ -449,6 +497,13 @@ void CopyClubBaseCopy(const QString &path)
         total += fields[0].size() + fields[1].size() + fields[2].size() + fields[3].size() + 11;
         Progress::Update(qint32(qMin<qint64>(total / 100, std::numeric_limits<qint32>::max())));
     }
+    if (brokenBytes > 0)
+        *notes += QStringLiteral("The base copy of the club list, ") +
+                  QDir::toNativeSeparators(path) + QStringLiteral(", is UTF-8 text with ") +
+                  QString::number(brokenBytes) +
+                  (brokenBytes == 1 ? QStringLiteral(" damaged byte, which was read as \"")
+                                    : QStringLiteral(" damaged bytes, which were read as \"")) +
+                  QChar(0xFFFD) + QStringLiteral("\".");
 }
 
 // A count as the messages give it: "20,000".
@@ -479,13 +534,20 @@ void cDatabase::ClearClubTable()
 bool cDatabase::CopyBCFMastList(const QString &folder, const QString &table)
 {
     loadFaultText_.clear();
+    loadNotes_.clear();
     try {
         cDbaseTable source;
         OpenSource(source, folder, TableName(table), BCFListFields);
         cTransaction unit;
         cProgressPass progress(QStringLiteral("Copying the BCF Master List"), source.RowCount());
-        CopyBCFRows(source);
+        const qint64 unreadable = CopyBCFRows(source);
         unit.Commit();
+        if (unreadable > 0)
+            loadNotes_.append(
+                ThousandsText(unreadable) +
+                (unreadable == 1 ? QStringLiteral(" grade") : QStringLiteral(" grades")) +
+                QStringLiteral(" of the list could not be read and "
+                               "were left empty."));
         return true;
     } catch (const cLoadFault &fault) {
         loadFaultText_ = fault.reason;
@@ -498,10 +560,11 @@ bool cDatabase::CopyBCFMastList(const QString &folder, const QString &table)
 bool cDatabase::CopyClubTable(const QString &folder, const QString &table)
 {
     loadFaultText_.clear();
+    loadNotes_.clear();
     try {
         cTransaction unit;
         if (folder.isEmpty()) {
-            CopyClubBaseCopy(systemDir_ + QStringLiteral("club.txt"));
+            CopyClubBaseCopy(systemDir_ + QStringLiteral("club.txt"), &loadNotes_);
         } else {
             cDbaseTable source;
             OpenSource(source, folder, TableName(table), ClubFields);
@@ -542,7 +605,7 @@ bool cDatabase::OutputClubTable(const QString &folder)
                 if (value.contains(u'"'))
                     RaiseLoadFault(
                         RowPlace(source) + QStringLiteral(": the ") + source.Fields()[field].name +
-                        QStringLiteral(" \"") + value +
+                        QStringLiteral(" \"") + MessageExcerpt(value) +
                         QStringLiteral("\" holds a double quote, which club.txt cannot keep."));
                 quoted.append(u'"' + value + u'"');
             }
@@ -598,8 +661,10 @@ bool cDatabase::ReplaceList(const QString &fileName, const QString &what, const 
         TellLoadFault(what, loadFaultText_);
         return false;
     }
-    Interaction().ShowMessage(ThousandsText(loaded) + u' ' + rowWord + QStringLiteral(" loaded"),
-                              MessageIcon::Information, AppInfo::Title());
+    QString done = ThousandsText(loaded) + u' ' + rowWord + QStringLiteral(" loaded");
+    for (const QString &note : std::as_const(loadNotes_))
+        done += QStringLiteral("\n\n") + note;
+    Interaction().ShowMessage(done, MessageIcon::Information, AppInfo::Title());
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 void RaiseLoadFault(const QString &reason)
@@ -49,6 +50,24 @@ bool SourceNumber(const QVariant &value, double *number)
     default:
         return false;
     }
+}
+
+QString WithoutControlCharacters(const QString &text)
+{
+    const auto isControl = [](QChar c) { return c.category() == QChar::Other_Control; };
+    if (std::none_of(text.begin(), text.end(), isControl))
+        return text;
+    QString kept = text;
+    kept.removeIf(isControl);
+    return kept;
+}
+
+QString MessageExcerpt(const QString &value)
+{
+    constexpr qsizetype Longest = 60;
+    if (value.size() <= Longest)
+        return value;
+    return value.left(Longest) + QChar(0x2026);
 }
 
 QString RowPlace(const cDbaseTable &table)
@@ -102,7 +121,7 @@ void cValueMapper::Refuse(const QString &sourceName, const QVariant &value,
                           const QString &what) const
 {
     RaiseLoadFault(place_ + QStringLiteral(": the ") + sourceName + QStringLiteral(" \"") +
-                   SourceText(value) + QStringLiteral("\" ") + what + u'.');
+                   MessageExcerpt(SourceText(value)) + QStringLiteral("\" ") + what + u'.');
 }
 
 QVariant cValueMapper::Stored(const FieldDefinition &field, const QVariant &value, bool trimmed,
@@ -128,7 +147,7 @@ QVariant cValueMapper::Text(const FieldDefinition &field, const QVariant &value,
 {
     if (value.isNull())
         return QVariant();
-    QString text = SourceText(value);
+    QString text = WithoutControlCharacters(SourceText(value));
     if (trimmed)
         text = text.trimmed();
     if (text.size() > field.size)

@@ -50,6 +50,12 @@ private:
 QString SourceText(const QVariant &value);
 // The numeric value of a source value: true when it has one.
 bool SourceNumber(const QVariant &value, double *number);
+// Text of a file without its control characters (NUL, tab, line breaks and the
+// like), which no field of the database holds.
+QString WithoutControlCharacters(const QString &text);
+// A value of a file as a message quotes it: at most 60 characters, cut with "…",
+// so that a huge field never makes a huge message box.
+QString MessageExcerpt(const QString &value);
 // The place of the current row of a table, for messages.
 QString RowPlace(const cDbaseTable &table);
 // A field of a table definition by name; a name that the table lacks is a fault of

@@ -309,8 +309,8 @@ void cPersonRecord::Load(const QString &id)
 
 cFieldValues cPersonRecord::WriteFields() const
 {
-    const QVariant nullNumber(QMetaType(QMetaType::LongLong));
-    const QVariant nullDate(QMetaType(QMetaType::QString));
+    const QVariant nullNumber{QMetaType(QMetaType::LongLong)};
+    const QVariant nullDate{QMetaType(QMetaType::QString)};
     const QString empty = QStringLiteral("");
     const bool hasDob = !dob_.trimmed().isEmpty();
     const bool hasLongPlay = !longPlay_.trimmed().isEmpty();

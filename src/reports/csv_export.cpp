@@ -1,6 +1,8 @@
 // The comma-separated exports: the register through SQL, with every value quoted,
 // and the entrants of the open tournament, with plain values. The two formats differ
-// on purpose; the tools that read them know each as it is.
+// on purpose; the tools that read them know each as it is. Both double a quote inside
+// a quoted value, and the plain one quotes a value that holds a comma, a quote or a
+// line break, so that any reader of comma-separated files gets the values back.
 
 #include "base/app_info.h"
 #include "base/common.h"
@@ -35,6 +37,24 @@ void WriteLine(QIODevice &device, const QString &source, const QString &line)
     if (device.write(bytes) != bytes.size())
         RaiseFatal(source, FaultNumber::File,
                    QStringLiteral("The export could not be written: ") + device.errorString());
+}
+
+// A value between double quotes, an inner quote doubled, as every reader of
+// comma-separated files takes it.
+QString Quoted(const QString &value)
+{
+    QString doubled = value;
+    doubled.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + doubled + u'"';
+}
+
+// A value as it stands, or quoted when it holds a comma, a quote or a line break,
+// which would otherwise split or break its column.
+QString QuotedWhenNeeded(const QString &value)
+{
+    const bool needed = value.contains(u',') || value.contains(u'"') || value.contains(u'\n') ||
+                        value.contains(u'\r');
+    return needed ? Quoted(value) : value;
 }
 
 // Each value followed by a comma, with the last comma cut.
@@ -145,7 +165,7 @@ void cControl::ListPlayersExport(QIODevice &device, const cExportOptions &option
     const QSqlRecord record = rows.record();
     QStringList header;
     for (int column = 0; column < record.count(); ++column)
-        header.append(QuoteText(RegisterCaption(record.fieldName(column), *this)));
+        header.append(Quoted(RegisterCaption(record.fieldName(column), *this)));
     WriteLine(device, source, CommaLine(header));
 
     const int dobColumn = record.indexOf(QStringLiteral("DOB"));
@@ -153,7 +173,7 @@ void cControl::ListPlayersExport(QIODevice &device, const cExportOptions &option
         QStringList values;
         for (int column = 0; column < record.count(); ++column) {
             const QVariant value = rows.value(column);
-            values.append(QuoteText(column == dobColumn ? DisplayDateOf(value) : TextOf(value)));
+            values.append(Quoted(column == dobColumn ? DisplayDateOf(value) : TextOf(value)));
         }
         WriteLine(device, source, CommaLine(values));
     } while (rows.next());
@@ -183,7 +203,7 @@ void cPlayers::ListPlayersExport(QIODevice &device, const cExportOptions &option
     if (options.User)
         for (const QString &caption : {control.UserDefined1(), control.UserDefined2(),
                                        control.UserDefined3(), control.UserDefined4()})
-            header += caption + QStringLiteral(", ");
+            header += QuotedWhenNeeded(caption) + QStringLiteral(", ");
     if (options.Results)
         header += QStringLiteral("Score, Performance Grade, ");
     header.chop(2);
@@ -208,6 +228,8 @@ void cPlayers::ListPlayersExport(QIODevice &device, const cExportOptions &option
                    << master.Special4();
         if (options.Results)
             values << player->Score() << player->PerformanceGrade();
+        for (QString &value : values)
+            value = QuotedWhenNeeded(value);
         WriteLine(device, source, CommaLine(values));
     }
 }

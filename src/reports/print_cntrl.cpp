@@ -114,7 +114,9 @@ void OpenWebPage()
                    QStringLiteral("The web page ") + QDir::toNativeSeparators(path) +
                        QStringLiteral(" could not be created: ") + file->errorString());
     s.webFile = std::move(file);
-    WriteWebLine(QStringLiteral("<HTML><BODY><PRE>"));
+    // The page is written in UTF-8 and says so, so that a browser shows names with
+    // accents as they are.
+    WriteWebLine(QStringLiteral("<HTML><HEAD><meta charset=\"utf-8\"></HEAD><BODY><PRE>"));
 }
 
 void CloseWebPage()

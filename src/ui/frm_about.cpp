@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSysInfo>
 #include <QVBoxLayout>
 
 namespace {
@@ -41,7 +42,9 @@ QString VersionCaption()
 }
 
 frmSplash::frmSplash(QWidget *parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    // Not kept on top: a dialog of the start-up (the New Database dialog, a message)
+    // must stand in front of it.
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmSplash"));
     auto *layout = new QVBoxLayout(this);
@@ -49,7 +52,9 @@ frmSplash::frmSplash(QWidget *parent)
     layout->addWidget(TitleLabel(this));
     lblVersion = VersionLabel(this);
     layout->addWidget(lblVersion);
-    auto *platform = new QLabel(tr("Windows '95,  '98 and 2000"), this);
+    // The platform the program runs on, as the system names it.
+    auto *platform = new QLabel(QSysInfo::prettyProductName(), this);
+    platform->setObjectName(QStringLiteral("lblPlatform"));
     platform->setAlignment(Qt::AlignCenter);
     layout->addWidget(platform);
     auto *maker = new QLabel(MakerLine, this);
@@ -76,10 +81,15 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent)
     buttons->addWidget(cmdOk);
     buttons->addWidget(cmdSysInfo);
     auto *layout = new QVBoxLayout(this);
+    // Room around the texts, and a width that keeps the whole title in the title bar.
+    layout->setContentsMargins(32, 24, 32, 20);
+    layout->setSpacing(10);
     layout->addWidget(TitleLabel(this));
     layout->addWidget(lblVersion);
     layout->addWidget(maker);
+    layout->addSpacing(12);
     layout->addLayout(buttons);
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) * 2 + 120);
 
     connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::cmdSysInfo_Click);

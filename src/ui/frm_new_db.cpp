@@ -18,8 +18,11 @@
 
 namespace {
 
-// Where the DOS program kept its data unless the organiser moved it.
-const QString UsualMasterFile = QStringLiteral("C:\\Chess\\Master.dbf");
+// An example of where the DOS program's files may stand, as a path of this platform.
+QString UsualMasterFile()
+{
+    return QDir::toNativeSeparators(QDir::homePath() + QStringLiteral("/Chess/Master.dbf"));
+}
 
 QLabel *WrappedLabel(const QString &text, QWidget *parent)
 {
@@ -38,7 +41,7 @@ frmNewDb::frmNewDb(QWidget *parent) : QDialog(parent)
     cmdNew = new QPushButton(tr("New"), this);
     cmdNew->setObjectName(QStringLiteral("cmdNew"));
     cmdNew->setDefault(true);
-    txtSelectDb = new QLineEdit(UsualMasterFile, this);
+    txtSelectDb = new QLineEdit(UsualMasterFile(), this);
     txtSelectDb->setObjectName(QStringLiteral("txtSelectDb"));
     cmdBrowse = new QPushButton(tr("..."), this);
     cmdBrowse->setObjectName(QStringLiteral("cmdBrowse"));
@@ -124,7 +127,7 @@ void frmNewDb::cmdBrowse_Click()
 void frmNewDb::Refuse(const QString &text)
 {
     Interaction().ShowMessage(text, MessageIcon::Exclamation, AppInfo::Title());
-    txtSelectDb->setText(UsualMasterFile);
+    txtSelectDb->setText(UsualMasterFile());
     txtSelectDb->setFocus();
 }
 

@@ -1,12 +1,29 @@
 #include "ui/qt_interaction.h"
 
+#include "ui/frm_main.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QStandardPaths>
 
 namespace {
+
+// The window that a message, a dialog or the progress window belongs to, so that it
+// centres on that window and not on the screen: the dialog in front, else the
+// active window, else the main window.
+QWidget *OwnerWindow()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    frmMain *main = frmMain::Instance();
+    return main && main->isVisible() ? main : nullptr;
+}
 
 // The filter "Label|pattern|Label|pattern" as the dialog's name filters. The label
 // is shown as written and the dialog filters on the pattern beside it, even where
@@ -25,32 +42,71 @@ QStringList NameFilters(const QString &filter)
     return filters;
 }
 
+// The folder of the file chosen last in this run, where a dialog with no folder of
+// its own opens.
+QString &LastFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+// A request that names no folder opens in the last folder used, or at first in the
+// person's documents folder, never in the program's own.
+QString StartFolder(const cFileRequest &request)
+{
+    if (!request.folder.isEmpty())
+        return request.folder;
+    if (!LastFolder().isEmpty())
+        return LastFolder();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A dialog opened on a folder that is missing would fall back to another one.
+    QDir().mkpath(documents);
+    return documents;
+}
+
+// A request that names no filter lists the files of its kind first, all files
+// second.
+QString FilterOf(const cFileRequest &request)
+{
+    if (!request.filter.isEmpty() || request.defaultExtension.isEmpty())
+        return request.filter;
+    const QString extension = request.defaultExtension.toLower();
+    const QString kind = extension == u"dbf"   ? QStringLiteral("dBase files")
+                         : extension == u"txt" ? QStringLiteral("Text files")
+                         : extension == u"bak" ? QStringLiteral("Backups")
+                                               : extension.toUpper() + QStringLiteral(" files");
+    return kind + QStringLiteral(" (*.") + extension + QStringLiteral(")|*.") + extension +
+           QStringLiteral("|All files (*)|*");
+}
+
 QString RunFileDialog(const cFileRequest &request, QFileDialog::AcceptMode mode)
 {
-    QFileDialog dialog(QApplication::activeWindow(), request.title, request.folder);
+    QFileDialog dialog(OwnerWindow(), request.title, StartFolder(request));
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptSave ? QFileDialog::AnyFile
                                                        : QFileDialog::ExistingFile);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    const QStringList filters = NameFilters(request.filter);
+    const QStringList filters = NameFilters(FilterOf(request));
     dialog.setNameFilters(filters);
-    if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
-        dialog.selectNameFilter(filters[request.filterIndex - 1]);
+    const int filterIndex = request.filter.isEmpty() ? 1 : request.filterIndex;
+    if (filterIndex >= 1 && filterIndex <= filters.size())
+        dialog.selectNameFilter(filters[filterIndex - 1]);
     dialog.setDefaultSuffix(request.defaultExtension.toLower());
     if (!request.fileName.contains(u'*'))
         dialog.selectFile(request.fileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return QString();
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    const QString chosen = dialog.selectedFiles().constFirst();
+    LastFolder() = QFileInfo(chosen).absolutePath();
+    return QDir::toNativeSeparators(chosen);
 }
 
 } // namespace
 
 bool cQtInteraction::AskYesNo(const QString &question, const QString &title)
 {
-    return QMessageBox::question(QApplication::activeWindow(), title, question,
-                                 QMessageBox::Yes | QMessageBox::No,
+    return QMessageBox::question(OwnerWindow(), title, question, QMessageBox::Yes | QMessageBox::No,
                                  QMessageBox::Yes) == QMessageBox::Yes;
 }
 
@@ -71,20 +127,31 @@ void cQtInteraction::ShowMessage(const QString &text, MessageIcon icon, const QS
         boxIcon = QMessageBox::Critical;
         break;
     }
-    QMessageBox box(boxIcon, title, text, QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(boxIcon, title, text, QMessageBox::Ok, OwnerWindow());
     box.exec();
 }
 
 frmProgress &cQtInteraction::ProgressWindow()
 {
     if (!progress_)
-        progress_ = std::make_unique<frmProgress>(QApplication::activeWindow());
+        progress_ = std::make_unique<frmProgress>(OwnerWindow());
     return *progress_;
 }
 
 void cQtInteraction::ProgressStart(const QString &text, qint32 maximum)
 {
-    ProgressWindow().Start(text, maximum);
+    frmProgress &window = ProgressWindow();
+    // Each pass shows the window over the window it belongs to now.
+    QWidget *owner = OwnerWindow();
+    if (owner == &window)
+        owner = window.parentWidget();
+    if (owner != window.parentWidget() && !window.isVisible())
+        window.setParent(owner, window.windowFlags());
+    if (owner && !window.isVisible()) {
+        window.adjustSize();
+        window.move(owner->frameGeometry().center() - window.rect().center());
+    }
+    window.Start(text, maximum);
 }
 
 void cQtInteraction::ProgressUpdate(qint32 value)
@@ -100,7 +167,7 @@ void cQtInteraction::ProgressTerminate()
 frmMsg &cQtInteraction::MessageWindow()
 {
     if (!message_)
-        message_ = std::make_unique<frmMsg>(QApplication::activeWindow());
+        message_ = std::make_unique<frmMsg>(OwnerWindow());
     return *message_;
 }
 

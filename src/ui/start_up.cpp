@@ -5,6 +5,7 @@
 #include "base/fatal_fault.h"
 #include "base/user_interaction.h"
 #include "database/database.h"
+#include "database/sql.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "ui/frm_about.h"
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLocale>
 #include <QScreen>
 
 QString FailureMessage(const QString &source, int number, const QString &description)
@@ -79,8 +81,10 @@ bool cStartUp::IsAnotherCopyRunning()
 
 bool cStartUp::CreateDatabase()
 {
-    if (Database().Create([] { return Database().Copy(Database().SourceDb()); }))
+    if (Database().Create([] { return Database().Copy(Database().SourceDb()); })) {
+        TellWhatWasImported();
         return true;
+    }
     // Nothing half-filled was kept, so the next start offers the choice between a
     // new database and an import again.
     Interaction().ShowMessage(
@@ -90,6 +94,26 @@ bool cStartUp::CreateDatabase()
                            "import again."),
         MessageIcon::Exclamation, AppInfo::Title());
     return false;
+}
+
+void cStartUp::TellWhatWasImported()
+{
+    QString told;
+    if (!Database().SourceDb().isEmpty()) {
+        const QLocale english(QLocale::English);
+        const auto count = [&english](const char *table) {
+            return english.toString(
+                SqlScalar(QStringLiteral("Select Count(*) From ") + QString::fromLatin1(table))
+                    .toLongLong());
+        };
+        told = count("Master") + QStringLiteral(" players, ") + count("Velmora") +
+               QStringLiteral(" tournaments and ") + count("Club") +
+               QStringLiteral(" clubs loaded");
+    }
+    for (const QString &note : Database().LoadNotes())
+        told += (told.isEmpty() ? QString() : QStringLiteral("\n\n")) + note;
+    if (!told.isEmpty())
+        Interaction().ShowMessage(told, MessageIcon::Information, AppInfo::Title());
 }
 
 bool cStartUp::RunSequence()

@@ -28,6 +28,9 @@ private:
     // Makes the database and fills it from the DOS folder chosen or from the base copy
     // of the club list. A fill that fails leaves no database file behind.
     bool CreateDatabase();
+    // Says what an import brought ("1,200 players, 12 tournaments and 600 clubs
+    // loaded") and what it met but took anyway.
+    void TellWhatWasImported();
 
     std::unique_ptr<frmSplash> splash_;
     std::unique_ptr<frmMain> mainWindow_;

@@ -501,6 +501,94 @@ private slots:
                  1);
     }
 
+    void quotesAHugeValueCutShort()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        Database().setSystemDir(session.Path({}));
+        QFile base(session.Path(QStringLiteral("club.txt")));
+        QVERIFY(base.open(QIODevice::WriteOnly));
+        base.write("\"HAST\",\"" + QByteArray(10 * 1024 * 1024, 'H') + "\",\"SUSX\",\"SCCU\"\n");
+        base.close();
+        QVERIFY(!Database().CopyClubTable(QString(), QStringLiteral("Club")));
+        const QString fault = Database().LoadFaultText();
+        QVERIFY2(fault.contains(u'"' + QString(60, u'H') + QChar(0x2026) + u'"'),
+                 qPrintable(fault));
+        QVERIFY2(fault.size() < 300, qPrintable(fault.left(300)));
+    }
+
+    void storesImportedTextWithoutControlCharacters()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        cDbaseWriter writer(GradingListFields());
+        writer.AddRow(ListRow("4000A", "Smi" + QByteArray(1, '\0') + "th,\tJohn", "100", "C"));
+        QVERIFY(writer.Save(session.Path(QStringLiteral("Control.dbf"))));
+        QVERIFY(Database().LoadBCFMastList(session.Path(QStringLiteral("Control.dbf"))));
+        QCOMPARE(ListValue(QStringLiteral("Name"), QStringLiteral("4000A")).toString(),
+                 QStringLiteral("Smith,John"));
+
+        Database().setSystemDir(session.Path({}));
+        QFile base(session.Path(QStringLiteral("club.txt")));
+        QVERIFY(base.open(QIODevice::WriteOnly));
+        base.write("\"HAST\",\"Hast" + QByteArray(1, '\0') + "ings\x7f\",\"SUSX\",\"SCCU\"\n");
+        base.close();
+        QVERIFY2(Database().CopyClubTable(QString(), QStringLiteral("Club")),
+                 qPrintable(Database().LoadFaultText()));
+        QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'HAST'")).toString(),
+                 QStringLiteral("Hastings"));
+    }
+
+    void saysHowManyGradesCouldNotBeRead()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        cDbaseWriter writer(GradingListFields());
+        writer.AddRow(ListRow("4000A", "Letters, Ann", "ABC", "C"));
+        writer.AddRow(ListRow("4001B", "Letters, Bob", "X", "C"));
+        writer.AddRow(ListRow("4002C", "Number, Cat", "150", "C"));
+        QVERIFY(writer.Save(session.Path(QStringLiteral("Letters.dbf"))));
+        QVERIFY(Database().LoadBCFMastList(session.Path(QStringLiteral("Letters.dbf"))));
+        QVERIFY(ListValue(QStringLiteral("Grade"), QStringLiteral("4000A")).isNull());
+        QCOMPARE(ListValue(QStringLiteral("Grade"), QStringLiteral("4002C")).toDouble(), 150.0);
+        QCOMPARE(seam.CallsStartingWith(QStringLiteral("message|")),
+                 QStringList{QStringLiteral("message|information|Velmora!|3 players loaded\n\n2 "
+                                            "grades of the list could not be read and were left "
+                                            "empty.")});
+    }
+
+    void readsAUtf8BaseCopyWithADamagedByteAsUtf8AndSaysSo()
+    {
+        cTestSession session;
+        cScriptedInteraction seam;
+        Database().setSystemDir(session.Path({}));
+        QFile base(session.Path(QStringLiteral("club.txt")));
+        QVERIFY(base.open(QIODevice::WriteOnly));
+        base.write("\"HAST\",\"H\xc3\xa4stings \xc3\x84rger\",\"SUSX\",\"SCCU\"\n"
+                   "\"BRIS\",\"Bris\xfftol\",\"AVON\",\"WECU\"\n");
+        base.close();
+        QVERIFY2(Database().CopyClubTable(QString(), QStringLiteral("Club")),
+                 qPrintable(Database().LoadFaultText()));
+        QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'HAST'")).toString(),
+                 QStringLiteral("H\u00e4stings \u00c4rger"));
+        QCOMPARE(SqlScalar(QStringLiteral("SELECT Club FROM Club WHERE Code = 'BRIS'")).toString(),
+                 QStringLiteral("Bris\ufffdtol"));
+        QCOMPARE(Database().LoadNotes().size(), 1);
+        QVERIFY2(Database().LoadNotes().first().contains(QStringLiteral("1 damaged byte")),
+                 qPrintable(Database().LoadNotes().first()));
+
+        // A copy in code page 1252 is still read as such, with no note.
+        QVERIFY(base.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        base.write("\"HAST\",\"H\xe4stings \xc4rger\",\"SUSX\",\"SCCU\"\n");
+        base.close();
+        QVERIFY(Database().CopyClubTable(QString(), QStringLiteral("Club")));
+        QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Club WHERE Club = ?"),
+                           {QStringLiteral("H\u00e4stings \u00c4rger")})
+                     .toInt(),
+                 2);
+        QVERIFY(Database().LoadNotes().isEmpty());
+    }
+
     void readsTheBaseCopyOfTheClubList()
     {
         cTestSession session;

@@ -15,6 +15,10 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -29,13 +33,14 @@ private slots:
 
     void registerWithNoBoxTickedHasSurnameAndForenameOnly();
     void registerQuotesHeaderAndValuesAndNamesFlagsByTheirCaptions();
-    void registerDoesNotDoubleQuotesInsideAValue();
+    void registerDoublesQuotesInsideAValue();
+    void tournamentQuotesAValueThatHoldsACommaAQuoteOrALineBreak();
+    void bothExportsReadBackWithAnotherProgramsCsvReader();
     void registerUserSelectionFiltersOnItsFlagWhateverItsCaption();
     void registerIgnoresTheTournamentResultsBox();
     void registerWithAnEmptySelectionIsAFailure();
     void tournamentHeaderHasCommaBlankAndRowsPlainCommas();
     void tournamentGradesArePaddedToFourColumns();
-    void tournamentValueWithACommaSplitsIt();
     void tournamentResultsAddScoreAndPerformance();
     void exportToAFileReplacesItAndSaysSo();
     void exportToAPlaceThatCanNotBeWrittenSaysWhyAndGoesOn();
@@ -185,10 +190,94 @@ void TestCsvExport::registerQuotesHeaderAndValuesAndNamesFlagsByTheirCaptions()
              "\"Y\",\"Y\",\"\",\"\""_s);
 }
 
-void TestCsvExport::registerDoesNotDoubleQuotesInsideAValue()
+void TestCsvExport::registerDoublesQuotesInsideAValue()
 {
     MakeMaster(u"O\"Neil"_s, u"Pat"_s, QString());
-    QCOMPARE(RegisterExport(cExportOptions{}).at(1), u"\"O\"Neil\",\"Pat\""_s);
+    QCOMPARE(RegisterExport(cExportOptions{}).at(1), u"\"O\"\"Neil\",\"Pat\""_s);
+}
+
+void TestCsvExport::tournamentQuotesAValueThatHoldsACommaAQuoteOrALineBreak()
+{
+    MakeTournament(QString(), QString());
+    RunSql(u"UPDATE Player SET Surname = 'Smith, Jr', Forename = 'O\"Neil' WHERE Surname = "
+           "'Young'"_s);
+    RunSql(u"UPDATE Player SET Forename = 'Two' || char(10) || 'Lines' WHERE Surname = "
+           "'Newman'"_s);
+    Control().Tournament()->setPlayers(std::make_shared<cPlayers>());
+    Control().Tournament()->Players().LoadAllPlayers();
+    const QStringList lines = TournamentExport(cExportOptions{});
+    QVERIFY2(lines.contains(u"\"Smith, Jr\",\"O\"\"Neil\""_s), qPrintable(lines.join(u'|')));
+    QVERIFY2(lines.contains(u"Newman,\"Two\nLines\""_s), qPrintable(lines.join(u'|')));
+    QVERIFY(lines.contains(u"Abbott,Amy"_s));
+}
+
+void TestCsvExport::bothExportsReadBackWithAnotherProgramsCsvReader()
+{
+    const QString python = QStandardPaths::findExecutable(u"python3"_s);
+    if (python.isEmpty())
+        QSKIP("python3 is not installed");
+    const QString awkward[] = {u"Smith, Jr"_s, u"O\"Neil \"Pat\""_s, u"Two\nLines"_s, u"Plain"_s};
+    QString firstMaster;
+    for (const QString &surname : awkward) {
+        const QString id = MakeMaster(surname, u"Amy, \"A\""_s, QString());
+        if (firstMaster.isEmpty())
+            firstMaster = id;
+    }
+    MakeTournament(firstMaster, QString());
+    cExportOptions options;
+    options.Club = true;
+    // Python's csv module reads each file and gives back its rows as JSON.
+    const auto readBack = [&python](const QByteArray &bytes) {
+        QProcess reader;
+        reader.start(python, {u"-c"_s, u"import csv, io, json, sys\n"
+                                       "text = sys.stdin.buffer.read().decode('utf-8')\n"
+                                       "rows = list(csv.reader(io.StringIO(text, newline='')))\n"
+                                       "print(json.dumps(rows))"_s});
+        reader.write(bytes);
+        reader.closeWriteChannel();
+        reader.waitForFinished(30000);
+        return QJsonDocument::fromJson(reader.readAllStandardOutput()).array();
+    };
+    QBuffer registerFile;
+    registerFile.open(QIODevice::WriteOnly);
+    Control().ListPlayersExport(registerFile, options);
+    const QJsonArray registerRows = readBack(registerFile.data());
+    QCOMPARE(registerRows.size(), 5);
+    QCOMPARE(registerRows[0].toArray()[0].toString(), u"Surname"_s);
+    QStringList surnames;
+    for (qsizetype row = 1; row < registerRows.size(); ++row) {
+        const QJsonArray values = registerRows[row].toArray();
+        QCOMPARE(values.size(), registerRows[0].toArray().size());
+        QCOMPARE(values[1].toString(), u"Amy, \"A\""_s);
+        surnames.append(values[0].toString());
+    }
+    QStringList expected(std::begin(awkward), std::end(awkward));
+    expected.sort();
+    surnames.sort();
+    QCOMPARE(surnames, expected);
+
+    RunSql(u"UPDATE Player SET Surname = 'Smith, Jr', Forename = 'O\"Neil' WHERE Surname = "
+           "'Young'"_s);
+    Control().Tournament()->setPlayers(std::make_shared<cPlayers>());
+    Control().Tournament()->Players().LoadAllPlayers();
+    QBuffer tournamentFile;
+    tournamentFile.open(QIODevice::WriteOnly);
+    Control().Tournament()->Players().ListPlayersExport(tournamentFile, options);
+    const QJsonArray tournamentRows = readBack(tournamentFile.data());
+    QCOMPARE(tournamentRows.size(), 4);
+    const qsizetype columns = tournamentRows[0].toArray().size();
+    bool sawAwkward = false;
+    for (qsizetype row = 1; row < tournamentRows.size(); ++row) {
+        const QJsonArray values = tournamentRows[row].toArray();
+        QCOMPARE(values.size(), columns);
+        if (values[0].toString() == u"Smith, Jr") {
+            sawAwkward = true;
+            QCOMPARE(values[1].toString(), u"O\"Neil"_s);
+        }
+        if (values[0].toString() == u"Abbott")
+            QCOMPARE(values[2].toString(), u"Bath, Avon"_s);
+    }
+    QVERIFY(sawAwkward);
 }
 
 void TestCsvExport::registerUserSelectionFiltersOnItsFlagWhateverItsCaption()
@@ -249,18 +338,6 @@ void TestCsvExport::tournamentGradesArePaddedToFourColumns()
     QCOMPARE(lines.at(0), u"Surname, Forename, Grade,  BCF Code, GM Title"_s);
     QCOMPARE(lines.at(1), u"Young,Zoe,150A,123456A,"_s);
     QCOMPARE(lines.at(2), u"Abbott,Amy, 95 ,123456A,"_s);
-}
-
-void TestCsvExport::tournamentValueWithACommaSplitsIt()
-{
-    MakeTournament(QString(), QString());
-    cExportOptions options;
-    options.Club = true;
-    const QStringList lines = TournamentExport(options);
-    QCOMPARE(lines.at(0), u"Surname, Forename, Club, School, ClubCode, ClubName"_s);
-    QCOMPARE(lines.at(2), u"Abbott,Amy,Bath, Avon,,,"_s);
-    QCOMPARE(lines.at(2).split(u','), (QStringList{u"Abbott"_s, u"Amy"_s, u"Bath"_s, u" Avon"_s,
-                                                   QString(), QString(), QString()}));
 }
 
 void TestCsvExport::tournamentResultsAddScoreAndPerformance()

@@ -817,7 +817,7 @@ void TestPrintCntrl::webPageHoldsTheRunningLinesEscaped()
     PrintPageNumbers();
 
     const QByteArray expected =
-        QByteArrayLiteral("<HTML><BODY><PRE>\r\n"
+        QByteArrayLiteral("<HTML><HEAD><meta charset=\"utf-8\"></HEAD><BODY><PRE>\r\n"
                           " \r\n"
                           "Fish &amp; Chips &lt;Open&gt;\r\n"
                           "Pos Player\r\n"
@@ -844,7 +844,8 @@ void TestPrintCntrl::webPageRepeatsTheHeadingWhereAPageBreaks()
     PrintPageNumbers();
     QCOMPARE(Document().PageCount(), 2);
 
-    QByteArray expected = QByteArrayLiteral("<HTML><BODY><PRE>\r\n");
+    QByteArray expected =
+        QByteArrayLiteral("<HTML><HEAD><meta charset=\"utf-8\"></HEAD><BODY><PRE>\r\n");
     for (const cRunningLine &line : RunningLines())
         expected += line.Text.toUtf8() + QByteArrayLiteral("\r\n");
     expected += QByteArrayLiteral("</PRE></BODY></HTML>\r\n");
@@ -866,10 +867,11 @@ void TestPrintCntrl::webPageIsReplacedByTheNextWebReport()
     PrintStart(Destination::WebPage, PageOrientation::Landscape);
     PrintLine(QStringLiteral("second"));
     PrintEnd();
-    QCOMPARE(ReadWebPage(), QByteArrayLiteral("<HTML><BODY><PRE>\r\n"
-                                              "second\r\n"
-                                              "\r\n"
-                                              "</PRE></BODY></HTML>\r\n"));
+    QCOMPARE(ReadWebPage(),
+             QByteArrayLiteral("<HTML><HEAD><meta charset=\"utf-8\"></HEAD><BODY><PRE>\r\n"
+                               "second\r\n"
+                               "\r\n"
+                               "</PRE></BODY></HTML>\r\n"));
 }
 
 void TestPrintCntrl::paperReportWritesNoWebPage()
@@ -897,7 +899,7 @@ void TestPrintCntrl::webPageThatCanNotBeCreatedIsAFault()
     QVERIFY(QDir().rmdir(WebPagePath()));
     PrintStart(Destination::WebPage, PageOrientation::Portrait);
     PrintEnd();
-    QVERIFY(ReadWebPage().startsWith("<HTML><BODY><PRE>\r\n"));
+    QVERIFY(ReadWebPage().startsWith("<HTML><HEAD><meta charset=\"utf-8\"></HEAD><BODY><PRE>\r\n"));
 }
 
 VELMORA_TEST_MAIN(TestPrintCntrl)

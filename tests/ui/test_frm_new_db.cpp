@@ -17,7 +17,11 @@
 
 namespace {
 
-const QString UsualMasterFile = QStringLiteral("C:\\Chess\\Master.dbf");
+// The example path that the dialog offers: one of this platform.
+QString UsualMasterFile()
+{
+    return QDir::toNativeSeparators(QDir::homePath() + QStringLiteral("/Chess/Master.dbf"));
+}
 
 QStringList Texts(const QWidget &window)
 {
@@ -97,7 +101,7 @@ void TestFrmNewDb::showsItsTextsAndTheUsualMasterFile()
     frmNewDb dialog;
     QCOMPARE(dialog.windowTitle(), QStringLiteral("New Database"));
     QVERIFY(dialog.Cancelled);
-    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile);
+    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile());
     QCOMPARE(dialog.cmdCopy->text(), QStringLiteral("Import"));
     QCOMPARE(dialog.cmdExit->text(), QStringLiteral("Exit"));
     QCOMPARE(dialog.cmdBrowse->text(), QStringLiteral("..."));
@@ -126,7 +130,7 @@ void TestFrmNewDb::emptyBoxBeepsWarnsAndPutsTheUsualFileBack()
     QCOMPARE(
         seam_->CallsStartingWith(QStringLiteral("message|")),
         QStringList{QStringLiteral("message|exclamation|Velmora!|A master.dbf must be selected")});
-    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile);
+    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile());
     QVERIFY(dialog.txtSelectDb->hasFocus());
     QVERIFY(dialog.isVisible());
     QVERIFY(dialog.Cancelled);
@@ -142,7 +146,7 @@ void TestFrmNewDb::boxWithoutMasterDbfIsRefused()
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("message|")),
              QStringList{
                  QStringLiteral("message|exclamation|Velmora!|Master.dbf has not been selected")});
-    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile);
+    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile());
     QVERIFY(dialog.txtSelectDb->hasFocus());
     QVERIFY(dialog.Cancelled);
     QVERIFY(Database().SourceDb().isEmpty());
@@ -186,7 +190,7 @@ void TestFrmNewDb::folderWithoutAMasterTableIsRefused()
              QStringList{QStringLiteral("message|exclamation|Velmora!|The database ") + typed +
                          QStringLiteral(" is not a Velmora Director master database.")});
     QCOMPARE(seam_->Count(QStringLiteral("beep")), 0);
-    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile);
+    QCOMPARE(dialog.txtSelectDb->text(), UsualMasterFile());
     QVERIFY(dialog.txtSelectDb->hasFocus());
     QVERIFY(dialog.isVisible());
     QVERIFY(dialog.Cancelled);
