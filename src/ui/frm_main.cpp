@@ -1,17 +1,21 @@
 #include "ui/frm_main.h"
 
 #include "database/database.h"
+#include "database/sql.h"
+#include "register/master.h"
 #include "session/app_info.h"
 #include "session/busy.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/settings_store.h"
+#include "session/user_interaction.h"
 #include "ui/commands.h"
 #include "ui/frm_about.h"
+#include "ui/frm_bcf_master.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
+#include "ui/frm_master.h"
 #include "ui/frm_options.h"
-#include "ui/register_summary.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -63,6 +67,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     mnuTools = menuBar()->addMenu(tr("&Tools"));
     mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    mnuTBCFMaster = AddCommand(mnuTools, QStringLiteral("mnuTBCFMaster"),
+                               tr("Match Players to BCF Master List"));
     mnuFileDB = mnuTools->addMenu(tr("Import"));
     mnuFileDB->setObjectName(QStringLiteral("mnuFileDB"));
     mnuLoadClubList =
@@ -107,13 +113,14 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     tbrPlayers->setCheckable(true);
 
     views_ = new QStackedWidget(this);
-    masterView_ = new cRegisterSummary(views_);
+    masterView_ = new frmMaster(views_);
     views_->addWidget(masterView_);
     setCentralWidget(views_);
 
     connect(mnuFileExit, &QAction::triggered, this, &QWidget::close);
     connect(mnuLoadClubList, &QAction::triggered, this, &frmMain::mnuLoadClubList_Click);
     connect(mnuLoadBCFMasterList, &QAction::triggered, this, &frmMain::mnuLoadBCFMasterList_Click);
+    connect(mnuTBCFMaster, &QAction::triggered, this, &frmMain::mnuTBCFMaster_Click);
     connect(mnuFileDBTidy, &QAction::triggered, this, &frmMain::mnuFileDBTidy_Click);
     connect(mnuFileDBBackup, &QAction::triggered, this, &frmMain::mnuFileDBBackup_Click);
     connect(mnuFileDBRestore, &QAction::triggered, this, &frmMain::mnuFileDBRestore_Click);
@@ -181,8 +188,7 @@ void frmMain::ShowMasterView()
 {
     tbrPlayers->setChecked(true);
     views_->setCurrentWidget(masterView_);
-    masterView_->Refresh();
-    SetMainCommands();
+    masterView_->Reload(Control().Master() ? Control().Master()->MasterId() : QString());
 }
 
 void frmMain::mnuLoadClubList_Click()
@@ -192,8 +198,8 @@ void frmMain::mnuLoadClubList_Click()
     cBusySection busy;
     // The load clears the old list and reads the new one as one unit of work, so a
     // file that fails keeps the clubs that were there.
-    if (!dialog.Cancelled)
-        Database().LoadClubTable(dialog.FileName());
+    if (!dialog.Cancelled && Database().LoadClubTable(dialog.FileName()))
+        ReportListLoaded(QStringLiteral("Club"), tr("clubs"));
     SetMainCommands();
 }
 
@@ -202,10 +208,27 @@ void frmMain::mnuLoadBCFMasterList_Click()
     frmLoadBCFList dialog(this);
     dialog.exec();
     cBusySection busy;
-    if (!dialog.Cancelled)
-        Database().LoadBCFMastList(dialog.FileName());
+    if (!dialog.Cancelled && Database().LoadBCFMastList(dialog.FileName()))
+        ReportListLoaded(QStringLiteral("BCFMast"), tr("players"));
     // Matching to the list is offered only when a list is loaded.
-    SetMainCommands();
+    if (tbrPlayers->isChecked())
+        ShowMasterView();
+    else
+        SetMainCommands();
+}
+
+void frmMain::ReportListLoaded(const QString &table, const QString &what)
+{
+    const qint64 rows = SqlScalar(QStringLiteral("SELECT COUNT(*) FROM ") + table).toLongLong();
+    Interaction().ShowMessage(tr("%1 %2 loaded.").arg(rows).arg(what), MessageIcon::Information,
+                              AppInfo::Title());
+}
+
+void frmMain::mnuTBCFMaster_Click()
+{
+    MatchWalk(this);
+    if (tbrPlayers->isChecked())
+        ShowMasterView();
 }
 
 void frmMain::mnuFileDBTidy_Click()

@@ -6,7 +6,7 @@ class QAction;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
-class cRegisterSummary;
+class frmMaster;
 
 // The frame of the program: the menu, the button bar and the view on screen.
 class frmMain : public QMainWindow
@@ -35,6 +35,7 @@ public:
     QAction *mnuFileExit;
     QAction *mnuLoadClubList;
     QAction *mnuLoadBCFMasterList;
+    QAction *mnuTBCFMaster;
     QAction *mnuFileDBTidy;
     QAction *mnuFileDBBackup;
     QAction *mnuFileDBRestore;
@@ -54,6 +55,9 @@ private:
     QAction *AddCommand(QMenu *menu, const QString &name, const QString &caption);
     void mnuLoadClubList_Click();
     void mnuLoadBCFMasterList_Click();
+    void mnuTBCFMaster_Click();
+    // Tells how many rows the list now holds.
+    void ReportListLoaded(const QString &table, const QString &what);
     void mnuFileDBTidy_Click();
     void mnuFileDBBackup_Click();
     void mnuFileDBRestore_Click();
@@ -62,7 +66,7 @@ private:
     void mnuHelpAbout_Click();
 
     QStackedWidget *views_;
-    cRegisterSummary *masterView_;
+    frmMaster *masterView_;
 };
 
 // The window position is kept in twips, a twentieth of a point; the screen counts
