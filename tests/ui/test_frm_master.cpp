@@ -145,6 +145,7 @@ private slots:
     void walkLeavesTheCurrentPersonCurrentAndReloaded();
     void mainWindowCommandsLeadToTheRegister();
     void scenarioThroughTheWindows();
+    void windowsShowEveryTextWhole();
 
 private:
     std::unique_ptr<cTestSession> session_;
@@ -833,6 +834,51 @@ void TestFrmMaster::scenarioThroughTheWindows()
     QCOMPARE(SqlScalar(QStringLiteral("SELECT COUNT(*) FROM Master WHERE MasterId = 3")).toInt(),
              0);
     QCOMPARE(seam_->Count(QStringLiteral("ask|")), 0);
+}
+
+// Every caption fits its control; with VELMORA_SHOTS set to a folder, each window is
+// also saved there as a picture to look at (run again with QT_SCALE_FACTOR=1.5).
+void TestFrmMaster::windowsShowEveryTextWhole()
+{
+    AddMaster(1, QStringLiteral("Smith"), QStringLiteral("Ann"), QStringLiteral("100002B"),
+              QStringLiteral("155"), QStringLiteral("B"));
+    AddGraded(QStringLiteral("100002B"), QStringLiteral("Smith, Ann"), 155, QStringLiteral("B"));
+    RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
+                          "('HAS', 'Hastings', 'SUS', 'E')"));
+    Control().setUserDefined1(QStringLiteral("Paid"));
+    const QString shots = qEnvironmentVariable("VELMORA_SHOTS");
+    const auto check = [&shots](QWidget *window, const QString &name) {
+        ShowActive(*window);
+        QTest::qWait(50);
+        for (const QLabel *label : window->findChildren<QLabel *>()) {
+            if (label->isVisible() && !label->wordWrap() && !label->text().isEmpty())
+                QVERIFY2(label->width() >= label->sizeHint().width(),
+                         qPrintable(name + QStringLiteral(": ") + label->text()));
+        }
+        for (const QPushButton *button : window->findChildren<QPushButton *>()) {
+            if (button->isVisible())
+                QVERIFY2(button->width() >= button->sizeHint().width() - 1,
+                         qPrintable(name + QStringLiteral(": ") + button->text()));
+        }
+        if (!shots.isEmpty())
+            window->grab().save(shots + u'/' + name + QStringLiteral(".png"));
+    };
+    frmMaster master;
+    master.resize(12200 / 15, 8100 / 15);
+    master.lstMaster->SetTab(QStringLiteral("S"));
+    check(&master, QStringLiteral("frmMaster"));
+    master.tbMaster->setCurrentIndex(1);
+    check(&master, QStringLiteral("frmMaster-history"));
+    frmMasterDetails details(2, Control().Master());
+    check(&details, QStringLiteral("frmMasterDetails"));
+    frmMasterDetails deleting(5, Control().Master());
+    check(&deleting, QStringLiteral("frmMasterDetails-delete"));
+    frmGradeClub clubs;
+    check(&clubs, QStringLiteral("frmGradeClub"));
+    frmBCFMaster matching;
+    matching.Master = Control().Master();
+    matching.Activate();
+    check(&matching, QStringLiteral("frmBCFMaster"));
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmMaster)
