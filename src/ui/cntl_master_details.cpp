@@ -30,8 +30,8 @@ QLineEdit *Box(QWidget *parent, const char *name, int maxLength, const QString &
     box->setObjectName(QString::fromLatin1(name));
     box->setMaxLength(maxLength);
     box->setProperty("Tag", help);
-    // Wide enough for the field, up to twenty characters; longer texts scroll.
-    const int characters = qMin(maxLength, 20) + 1;
+    // Wide enough for the field, up to fifteen characters; longer texts scroll.
+    const int characters = qMin(maxLength, 15) + 1;
     box->setMinimumWidth(
         box->fontMetrics().horizontalAdvance(QLatin1Char('M')) * characters * 3 / 4 + 10);
     return box;
@@ -46,7 +46,7 @@ QComboBox *List(QWidget *parent, const char *name, bool freeText, int maxLength,
     if (freeText) {
         list->setInsertPolicy(QComboBox::NoInsert);
         list->lineEdit()->setMaxLength(maxLength);
-        list->setMinimumWidth(list->fontMetrics().horizontalAdvance(QLatin1Char('M')) * 15);
+        list->setMinimumWidth(list->fontMetrics().horizontalAdvance(QLatin1Char('M')) * 11);
     }
     list->setProperty("Tag", help);
     return list;

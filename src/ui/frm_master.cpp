@@ -16,6 +16,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -49,9 +50,14 @@ frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
     cmdMatch = Command(this, "cmdMatch", tr("Match to &BCF Grading List"));
     tbMaster = new QTabWidget(this);
     tbMaster->setObjectName(QStringLiteral("tbMaster"));
-    cntlDetails = new cntlMasterDetails(tbMaster);
+    cntlDetails = new cntlMasterDetails;
     cntlHist = new cntlPlayerHist(tbMaster);
-    tbMaster->addTab(cntlDetails, tr("Details"));
+    // A small main window scrolls the details rather than cutting them.
+    auto *detailsArea = new QScrollArea(tbMaster);
+    detailsArea->setWidget(cntlDetails);
+    detailsArea->setWidgetResizable(true);
+    detailsArea->setFrameShape(QFrame::NoFrame);
+    tbMaster->addTab(detailsArea, tr("Details"));
     tbMaster->addTab(cntlHist, tr("History"));
 
     auto *commands = new QHBoxLayout;
