@@ -189,21 +189,29 @@ void cDataListModel::SortBy(int column, bool descending)
 {
     if (column < 0 || column >= ColumnCountOf(kind_))
         return;
-    std::vector<std::pair<QString, int>> keys;
+    // The texts in capitals once, then the row numbers sorted by them: the rows
+    // themselves move only once, into their new places.
+    std::vector<QString> keys;
     keys.reserve(rows_.size());
-    for (int row = 0; row < int(rows_.size()); ++row)
-        keys.emplace_back(rows_[row].cells[column].toUpper(), row);
-    std::stable_sort(keys.begin(), keys.end(), [descending](const auto &a, const auto &b) {
-        return descending ? b.first < a.first : a.first < b.first;
+    for (const cRow &row : rows_)
+        keys.push_back(row.cells[column].toUpper());
+    std::vector<int> order(rows_.size());
+    std::iota(order.begin(), order.end(), 0);
+    // Equal texts keep their order: the row number decides between them.
+    std::sort(order.begin(), order.end(), [&keys, descending](int a, int b) {
+        const int difference = QString::compare(keys[a], keys[b]);
+        if (difference != 0)
+            return descending ? difference > 0 : difference < 0;
+        return a < b;
     });
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
     std::vector<int> newPosition(rows_.size());
     std::vector<cRow> sorted;
     sorted.reserve(rows_.size());
-    for (int position = 0; position < int(keys.size()); ++position) {
-        newPosition[keys[position].second] = position;
-        sorted.push_back(std::move(rows_[keys[position].second]));
+    for (int position = 0; position < int(order.size()); ++position) {
+        newPosition[order[position]] = position;
+        sorted.push_back(std::move(rows_[order[position]]));
     }
     rows_ = std::move(sorted);
     QModelIndexList after;

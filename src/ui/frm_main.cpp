@@ -7,6 +7,7 @@
 #include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
+#include "register/master.h"
 #include "reports/print_cntrl.h"
 #include "session/control.h"
 #include "session/globals.h"
@@ -15,10 +16,13 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
+#include "ui/commands.h"
 #include "ui/frm_about.h"
+#include "ui/frm_bcf_master.h"
 #include "ui/frm_export.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
+#include "ui/frm_master.h"
 #include "ui/frm_options.h"
 #include "ui/frm_print.h"
 #include "ui/frm_tournament.h"
@@ -88,6 +92,9 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
     mnuTools = menuBar()->addMenu(tr("&Tools"));
     mnuTools->setObjectName(QStringLiteral("mnuTools"));
+    mnuTBCFMaster = AddCommand(mnuTools, QStringLiteral("mnuTBCFMaster"),
+                               tr("Match Players to BCF Master List"));
+    mnuTools->addSeparator()->setObjectName(QStringLiteral("mnuTSep1"));
     mnuTRemoveAllPlayers = AddCommand(mnuTools, QStringLiteral("mnuTRemoveAllPlayers"),
                                       tr("Remove all players from Tournament"));
     mnuTRefreshGrades = AddCommand(mnuTools, QStringLiteral("mnuTRefreshGrades"),
@@ -145,7 +152,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     tbrOpenTournament->setObjectName(QStringLiteral("OpenTournament"));
 
     views_ = new QStackedWidget(this);
-    masterView_ = new cRegisterSummary(views_);
+    masterView_ = new frmMaster(views_);
     views_->addWidget(masterView_);
     setCentralWidget(views_);
 
@@ -155,6 +162,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     connect(mnuTExport, &QAction::triggered, this, [this] { frmExport::Run(this); });
     connect(mnuLoadClubList, &QAction::triggered, this, &frmMain::mnuLoadClubList_Click);
     connect(mnuLoadBCFMasterList, &QAction::triggered, this, &frmMain::mnuLoadBCFMasterList_Click);
+    connect(mnuTBCFMaster, &QAction::triggered, this, &frmMain::mnuTBCFMaster_Click);
     connect(mnuFileDBTidy, &QAction::triggered, this, &frmMain::mnuFileDBTidy_Click);
     connect(mnuFileDBBackup, &QAction::triggered, this, &frmMain::mnuFileDBBackup_Click);
     connect(mnuFileDBRestore, &QAction::triggered, this, &frmMain::mnuFileDBRestore_Click);
@@ -232,8 +240,7 @@ void frmMain::ShowMasterView()
     tbrPlayers->setChecked(true);
     tbrTournament->setChecked(false);
     views_->setCurrentWidget(masterView_);
-    masterView_->Refresh();
-    SetMainCommands();
+    masterView_->Reload(Control().Master() ? Control().Master()->MasterId() : QString());
 }
 
 void frmMain::mnuLoadClubList_Click()
@@ -256,7 +263,17 @@ void frmMain::mnuLoadBCFMasterList_Click()
     if (!dialog.Cancelled)
         Database().LoadBCFMastList(dialog.FileName());
     // Matching to the list is offered only when a list is loaded.
-    SetMainCommands();
+    if (tbrPlayers->isChecked())
+        ShowMasterView();
+    else
+        SetMainCommands();
+}
+
+void frmMain::mnuTBCFMaster_Click()
+{
+    MatchWalk(this);
+    if (tbrPlayers->isChecked())
+        ShowMasterView();
 }
 
 void frmMain::mnuFileDBTidy_Click()

@@ -6,7 +6,7 @@ class QAction;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
-class cRegisterSummary;
+class frmMaster;
 class frmTournament;
 
 // The frame of the program: the menu, the button bar and the view on screen.
@@ -55,6 +55,7 @@ public:
     QAction *mnuTExport;
     QAction *mnuLoadClubList;
     QAction *mnuLoadBCFMasterList;
+    QAction *mnuTBCFMaster;
     QAction *mnuFileDBTidy;
     QAction *mnuFileDBBackup;
     QAction *mnuFileDBRestore;
@@ -74,6 +75,8 @@ private:
     QAction *AddCommand(QMenu *menu, const QString &name, const QString &caption);
     void mnuLoadClubList_Click();
     void mnuLoadBCFMasterList_Click();
+    void mnuTBCFMaster_Click();
+    // Tells how many rows the list now holds.
     void mnuFileDBTidy_Click();
     void mnuFileDBBackup_Click();
     void mnuFileDBRestore_Click();
@@ -90,7 +93,7 @@ private:
     void UnloadTournamentWindow();
 
     QStackedWidget *views_;
-    cRegisterSummary *masterView_;
+    frmMaster *masterView_;
     frmTournament *tournamentView_ = nullptr;
 };
 

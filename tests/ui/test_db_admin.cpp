@@ -7,8 +7,12 @@
 #include "session/tournament.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_master_list.h"
 #include "ui/frm_main.h"
-#include "ui/register_summary.h"
+#include "ui/frm_master.h"
+
+#include <QLineEdit>
 
 #include <QAction>
 #include <QApplication>
@@ -53,9 +57,19 @@ QString Folder(const QTemporaryDir &folder)
     return QDir::toNativeSeparators(folder.path()) + QDir::separator();
 }
 
+// Asks the master window for everybody, by the search "*", so that the count of its
+// rows is the register as the window last read it.
+void ShowEverybody(const frmMain &window)
+{
+    cntlMasterList *list = window.findChild<frmMaster *>()->lstMaster;
+    list->txtSearch->setText(QStringLiteral("*"));
+    list->SetTab(QStringLiteral("?"));
+}
+
 QString CountText(const frmMain &window)
 {
-    return window.findChild<cRegisterSummary *>()->lblCount->text();
+    const int rows = window.findChild<frmMaster *>()->lstMaster->lstMaster->RowCount();
+    return QStringLiteral("The register holds %1 players.").arg(rows);
 }
 
 } // namespace
@@ -193,6 +207,7 @@ void TestDbAdmin::restoreRefusedAtTheQuestionChangesNothing()
 {
     frmMain window;
     window.show();
+    ShowEverybody(window);
     const QString backup = backups_->path() + QStringLiteral("/T.bak");
     seam_->QueueFile(backup);
     window.mnuFileDBBackup->trigger();
@@ -251,6 +266,7 @@ void TestDbAdmin::restoreBringsBackSettingsAndShowsTheRestoredRegister()
     Control().Update();
     frmMain window;
     window.show();
+    ShowEverybody(window);
     const QString backup = backups_->path() + QStringLiteral("/T.bak");
     seam_->QueueFile(backup);
     window.mnuFileDBBackup->trigger();

@@ -6,9 +6,14 @@
 #include "session/tournament.h"
 #include "support/scripted_interaction.h"
 #include "support/test_environment.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_master_list.h"
+#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_main.h"
-#include "ui/register_summary.h"
+#include "ui/frm_master.h"
+
+#include <QLineEdit>
 
 #include <QAction>
 #include <QApplication>
@@ -147,9 +152,13 @@ void TestFrmMain::masterViewIsOnScreenAtStart()
     frmMain window;
     window.show();
     QVERIFY(window.tbrPlayers->isChecked());
-    auto *summary = window.findChild<cRegisterSummary *>();
-    QVERIFY(summary && summary->isVisible());
-    QCOMPARE(summary->lblCount->text(), QStringLiteral("The register holds 2 players."));
+    auto *master = window.findChild<frmMaster *>();
+    QVERIFY(master && master->isVisible());
+    // The register opens on the search tab with nothing asked for; a letter shows its people.
+    QCOMPARE(master->lstMaster->Tab(), QStringLiteral("?"));
+    QCOMPARE(master->lstMaster->lstMaster->RowCount(), 0);
+    master->lstMaster->SetTab(QStringLiteral("B"));
+    QCOMPARE(master->lstMaster->lstMaster->SelName(), QStringLiteral("Bell, "));
 }
 
 void TestFrmMain::ctrlMShowsTheMasterView()
@@ -217,8 +226,8 @@ void TestFrmMain::commandsFollowTheOpenTournament()
     QAction *copy = window.mnuFileCopy;
     QAction *refresh = window.mnuTRefreshGrades;
     // Items of later windows are added by name; the routine acts on whatever exists.
-    auto *match = window.mnuTools->addAction(QStringLiteral("Match Players to BCF Master List"));
-    match->setObjectName(QStringLiteral("mnuTBCFMaster"));
+    QAction *match = window.mnuTBCFMaster;
+    QCOMPARE(match->text(), QStringLiteral("Match Players to BCF Master List"));
 
     SetMainCommands();
     QVERIFY(!copy->isEnabled());

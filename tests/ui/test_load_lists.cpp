@@ -33,14 +33,11 @@ void InsertOldLists()
                           "('OLD', 'Old Club', 'OLD', 'O')"));
 }
 
-// The matching command comes with the register's window; the refresh of the enabled
-// commands acts on it by name.
+// The matching command of the Tools menu, as the refresh of the enabled commands left it.
 QAction *AddMatchCommand(frmMain &window)
 {
-    QAction *match = window.mnuTools->addAction(QStringLiteral("Match Players to BCF Master List"));
-    match->setObjectName(QStringLiteral("mnuTBCFMaster"));
     SetMainCommands();
-    return match;
+    return window.mnuTBCFMaster;
 }
 
 } // namespace
@@ -195,6 +192,8 @@ void TestLoadLists::clubListChosenByBrowseReplacesTheClubs()
     window.mnuLoadClubList->trigger();
     QVERIFY(shown);
     QCOMPARE(RowCount(QStringLiteral("Club")), 600);
+    QCOMPARE(seam_->CallsStartingWith(QStringLiteral("message|")),
+             QStringList{QStringLiteral("message|information|Velmora!|600 clubs loaded.")});
     QCOMPARE(SqlScalar(QStringLiteral("SELECT count(*) FROM Club WHERE Code = 'OLD'")).toInt(), 0);
     QCOMPARE(seam_->CallsStartingWith(QStringLiteral("progress-start|")),
              QStringList{QStringLiteral(
