@@ -16,7 +16,6 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
-#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_export.h"
@@ -28,7 +27,6 @@
 #include "ui/frm_tournament.h"
 #include "ui/frm_tournament_details.h"
 #include "ui/frm_tournament_open.h"
-#include "ui/register_summary.h"
 
 #include <QAction>
 #include <QApplication>

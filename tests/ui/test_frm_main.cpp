@@ -8,7 +8,6 @@
 #include "support/test_environment.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_master_list.h"
-#include "ui/commands.h"
 #include "ui/frm_about.h"
 #include "ui/frm_main.h"
 #include "ui/frm_master.h"
