@@ -2,7 +2,7 @@
 
 #include "base/busy.h"
 #include "base/common.h"
-#include "ui/frm_main.h"
+#include "ui/twips.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -10,8 +10,8 @@
 #include "session/result.h"
 #include "session/results.h"
 #include "session/tournament.h"
-#include "ui/frm_main.h"
 #include "ui/result_list_model.h"
+#include "ui/twips.h"
 
 #include <QFontDatabase>
 #include <QHeaderView>

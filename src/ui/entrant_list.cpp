@@ -7,7 +7,7 @@
 #include "session/player.h"
 #include "session/players.h"
 #include "session/tournament.h"
-#include "ui/frm_main.h"
+#include "ui/twips.h"
 
 #include <QFont>
 #include <QHeaderView>

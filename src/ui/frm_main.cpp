@@ -27,6 +27,8 @@
 #include "ui/frm_tournament.h"
 #include "ui/frm_tournament_details.h"
 #include "ui/frm_tournament_open.h"
+#include "ui/main_commands.h"
+#include "ui/twips.h"
 
 #include <QAction>
 #include <QApplication>
@@ -36,8 +38,6 @@
 #include <QToolBar>
 
 namespace {
-
-frmMain *instance = nullptr;
 
 struct PositionKey
 {
@@ -69,7 +69,7 @@ void WritePixels(const PositionKey &position, int pixels)
 
 frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 {
-    instance = this;
+    setMainCommandsWindow(this);
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(AppInfo::Title());
 
@@ -185,13 +185,13 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
 
 frmMain::~frmMain()
 {
-    if (instance == this)
-        instance = nullptr;
+    if (MainCommandsWindow() == this)
+        setMainCommandsWindow(nullptr);
 }
 
 frmMain *frmMain::Instance()
 {
-    return instance;
+    return qobject_cast<frmMain *>(MainCommandsWindow());
 }
 
 QAction *frmMain::AddCommand(QMenu *menu, const QString &name, const QString &caption)
@@ -316,14 +316,6 @@ void frmMain::mnuHelpAbout_Click()
 {
     frmAbout about(this);
     about.exec();
-}
-
-void frmMain::ShowTitle()
-{
-    const auto tournament = Control().Tournament();
-    const QString name = tournament ? tournament->DisplayName() : QString();
-    setWindowTitle(name.isEmpty() ? AppInfo::Title()
-                                  : AppInfo::Title() + QStringLiteral(" - ") + name);
 }
 
 void frmMain::UnloadTournamentWindow()
@@ -460,31 +452,4 @@ void frmMain::mnuViewTournament_Click()
         ShowTournamentView(false);
     else
         mnuFileOpen_Click();
-}
-
-namespace {
-
-void Enable(const frmMain &window, const char *name, bool enabled)
-{
-    if (QAction *action = window.Command(QString::fromLatin1(name)))
-        action->setEnabled(enabled);
-}
-
-} // namespace
-
-void SetMainCommands()
-{
-    const frmMain *window = frmMain::Instance();
-    if (!window)
-        return;
-    const auto tournament = Control().Tournament();
-    const bool open = tournament != nullptr;
-    const bool changeable = open && !tournament->IsLocked();
-    Enable(*window, "mnuFileCopy", open);
-    Enable(*window, "mnuFileDelete", open);
-    Enable(*window, "mnuTRefreshGrades", changeable);
-    Enable(*window, "mnuTRemoveAllPlayers", changeable);
-    if (window->Command(QStringLiteral("mnuTBCFMaster")))
-        Enable(*window, "mnuTBCFMaster", !Database().BCFMasterIsEmpty());
-    frmMain::Instance()->ShowTitle();
 }

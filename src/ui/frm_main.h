@@ -31,8 +31,6 @@ public:
     void ShowTournamentView(bool freshWindow);
     // The tournament window, or none when no tournament has been shown.
     frmTournament *TournamentWindow() const { return tournamentView_; }
-    // The program's title, with the open tournament's name after it.
-    void ShowTitle();
 
     QMenu *mnuFile;
     QMenu *mnuTools;
@@ -96,12 +94,3 @@ private:
     frmMaster *masterView_;
     frmTournament *tournamentView_ = nullptr;
 };
-
-// The window position is kept in twips, a twentieth of a point; the screen counts
-// fifteen of them to a pixel.
-inline constexpr int TwipsPerPixel = 15;
-
-// Which commands of the main window are available, from whether a tournament is
-// open, whether it is locked and whether a grading list is loaded. Items that the
-// window does not carry are passed over.
-void SetMainCommands();

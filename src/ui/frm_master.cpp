@@ -10,8 +10,8 @@
 #include "ui/cntl_master_list.h"
 #include "ui/cntl_player_hist.h"
 #include "ui/frm_bcf_master.h"
-#include "ui/frm_main.h"
 #include "ui/frm_master_details.h"
+#include "ui/main_commands.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

@@ -6,7 +6,6 @@
 #include "session/players.h"
 #include "session/tournament.h"
 #include "ui/frm_msg.h"
-#include "ui/frm_tournament.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -113,8 +112,6 @@ void frmPlayerPins::cmdValidate_Click()
 void frmPlayerPins::Refresh()
 {
     cBusySection busy;
-    if (frmTournament *window = frmTournament::Instance())
-        window->DisplayList();
-    if (caller_ == QStringLiteral("ListPlayer"))
-        emit PinsChanged();
+    // The window that opened this dialog shows the pins again, while it stays open.
+    emit PinsChanged();
 }

@@ -27,7 +27,7 @@ public:
     QPushButton *cmdClose;
 
 signals:
-    // The pins changed; the entrant list window that opened the dialog reloads.
+    // The pins changed; the window that opened the dialog shows them again.
     void PinsChanged();
 
 private:

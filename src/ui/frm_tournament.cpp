@@ -10,11 +10,11 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
-#include "ui/frm_main.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
 #include "ui/frm_tournament_details.h"
+#include "ui/main_commands.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -165,8 +165,8 @@ void frmTournament::cmdTUpdate_Click()
     if (!cancelled) {
         Display();
         DisplayList();
-        if (frmMain *main = frmMain::Instance())
-            main->ShowTitle();
+        // The title names the tournament, which may have been renamed.
+        SetMainCommands();
     }
 }
 
@@ -181,6 +181,7 @@ void frmTournament::cmdTNextRound_Click()
 void frmTournament::cmdTPin_Click()
 {
     frmPlayerPins pins(QStringLiteral("Tournament"), this);
+    connect(&pins, &frmPlayerPins::PinsChanged, this, &frmTournament::DisplayList);
     pins.exec();
     cBusySection busy;
     DisplayList();

@@ -9,8 +9,8 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
-#include "ui/frm_main.h"
 #include "ui/frm_tournament_details.h"
+#include "ui/twips.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

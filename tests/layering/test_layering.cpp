@@ -199,7 +199,7 @@ private slots:
     {
         const QList<cInclude> includes = {
             {QStringLiteral("database/sql.cpp"), QStringLiteral("session/globals.h")},
-            {QStringLiteral("database/sql.cpp"), QStringLiteral("session/common.h")}};
+            {QStringLiteral("database/sql.cpp"), QStringLiteral("base/common.h")}};
         const QStringList faults = FloorFaults(includes, FilesOf(includes));
         QCOMPARE(faults, QStringList{QStringLiteral(
                              "database/sql.cpp includes session/globals.h of a higher room")});

@@ -11,6 +11,7 @@
 #include "ui/frm_about.h"
 #include "ui/frm_main.h"
 #include "ui/frm_master.h"
+#include "ui/main_commands.h"
 
 #include <QLineEdit>
 
@@ -24,38 +25,39 @@
 #include <QTimer>
 #include <QToolBar>
 
-namespace {
-
-QString Setting(const char *key)
+    namespace
 {
-    return GetSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
-                      QString::fromLatin1(key), QStringLiteral("unset"));
-}
 
-void SavePosition(int left, int top, int width, int height)
-{
-    const QString application = QStringLiteral("Velmora! Software");
-    const QString section = QStringLiteral("Velmora!");
-    SaveSetting(application, section, QStringLiteral("MainLeft"), QString::number(left));
-    SaveSetting(application, section, QStringLiteral("MainTop"), QString::number(top));
-    SaveSetting(application, section, QStringLiteral("MainWidth"), QString::number(width));
-    SaveSetting(application, section, QStringLiteral("MainHeight"), QString::number(height));
-}
+    QString Setting(const char *key)
+    {
+        return GetSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
+                          QString::fromLatin1(key), QStringLiteral("unset"));
+    }
 
-void ClearPosition()
-{
-    for (const char *key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
-        SaveSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
-                    QString::fromLatin1(key), QString());
-}
+    void SavePosition(int left, int top, int width, int height)
+    {
+        const QString application = QStringLiteral("Velmora! Software");
+        const QString section = QStringLiteral("Velmora!");
+        SaveSetting(application, section, QStringLiteral("MainLeft"), QString::number(left));
+        SaveSetting(application, section, QStringLiteral("MainTop"), QString::number(top));
+        SaveSetting(application, section, QStringLiteral("MainWidth"), QString::number(width));
+        SaveSetting(application, section, QStringLiteral("MainHeight"), QString::number(height));
+    }
 
-QStringList Captions(const QMenu *menu)
-{
-    QStringList captions;
-    for (const QAction *action : menu->actions())
-        captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-    return captions;
-}
+    void ClearPosition()
+    {
+        for (const char *key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
+            SaveSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
+                        QString::fromLatin1(key), QString());
+    }
+
+    QStringList Captions(const QMenu *menu)
+    {
+        QStringList captions;
+        for (const QAction *action : menu->actions())
+            captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+        return captions;
+    }
 
 } // namespace
 

@@ -10,6 +10,7 @@
 #include "ui/frm_export.h"
 #include "ui/frm_main.h"
 #include "ui/frm_print.h"
+#include "ui/main_commands.h"
 #include "ui/print_progress.h"
 #include "ui/print_renderer.h"
 
@@ -31,7 +32,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-using namespace mPrintCntrl;
+    using namespace mPrintCntrl;
 
 namespace {
 

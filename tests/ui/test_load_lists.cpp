@@ -8,6 +8,7 @@
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_main.h"
+#include "ui/main_commands.h"
 
 #include <QAction>
 #include <QApplication>
@@ -23,22 +24,23 @@
 
 #include <functional>
 
-namespace {
-
-void InsertOldLists()
+    namespace
 {
-    RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name) VALUES ('111111A', 'Old, Ann'), "
-                          "('222222B', 'Old, Bob')"));
-    RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
-                          "('OLD', 'Old Club', 'OLD', 'O')"));
-}
 
-// The matching command of the Tools menu, as the refresh of the enabled commands left it.
-QAction *AddMatchCommand(frmMain &window)
-{
-    SetMainCommands();
-    return window.mnuTBCFMaster;
-}
+    void InsertOldLists()
+    {
+        RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name) VALUES ('111111A', 'Old, Ann'), "
+                              "('222222B', 'Old, Bob')"));
+        RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
+                              "('OLD', 'Old Club', 'OLD', 'O')"));
+    }
+
+    // The matching command of the Tools menu, as the refresh of the enabled commands left it.
+    QAction *AddMatchCommand(frmMain & window)
+    {
+        SetMainCommands();
+        return window.mnuTBCFMaster;
+    }
 
 } // namespace
 
