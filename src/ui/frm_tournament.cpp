@@ -10,6 +10,7 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
+#include "ui/frm_pairings.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
@@ -49,6 +50,7 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     cmdTLocked = NewCommand(this, "cmdTLocked", tr("Lock"));
     cmdTUpdate = NewCommand(this, "cmdTUpdate", tr("Update"));
     cmdTNextRound = NewCommand(this, "cmdTNextRound", tr("Next Round"));
+    cmdTPairResult = NewCommand(this, "cmdTPairResult", tr("Pairing && Results"));
     cmdTPin = NewCommand(this, "cmdTPin", tr("Allocate Pins"));
     lstPlayer = new cntlDataList(this);
     lstPlayer->setObjectName(QStringLiteral("lstPlayer"));
@@ -66,6 +68,7 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     tournamentCommands->addWidget(cmdTLocked);
     tournamentCommands->addWidget(cmdTUpdate);
     tournamentCommands->addWidget(cmdTNextRound);
+    tournamentCommands->addWidget(cmdTPairResult);
     tournamentCommands->addWidget(cmdTPin);
     tournamentCommands->addStretch(1);
     auto *top = new QHBoxLayout;
@@ -85,6 +88,7 @@ frmTournament::frmTournament(QWidget *parent) : QWidget(parent)
     connect(cmdTLocked, &QPushButton::clicked, this, &frmTournament::cmdTLocked_Click);
     connect(cmdTUpdate, &QPushButton::clicked, this, &frmTournament::cmdTUpdate_Click);
     connect(cmdTNextRound, &QPushButton::clicked, this, &frmTournament::cmdTNextRound_Click);
+    connect(cmdTPairResult, &QPushButton::clicked, this, &frmTournament::cmdTPairResult_Click);
     connect(cmdTPin, &QPushButton::clicked, this, &frmTournament::cmdTPin_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmTournament::cmdAdd_Click);
     connect(cmdUpdate, &QPushButton::clicked, this, &frmTournament::cmdUpdate_Click);
@@ -178,6 +182,15 @@ void frmTournament::cmdTNextRound_Click()
     SetTournamentCommands();
 }
 
+void frmTournament::cmdTPairResult_Click()
+{
+    ShowPairingsAndResults(this, true, true);
+    cBusySection busy;
+    // The scores of the round just stored show at once; DisplayList keeps the
+    // selected entrant selected.
+    DisplayList();
+}
+
 void frmTournament::cmdTPin_Click()
 {
     frmPlayerPins pins(QStringLiteral("Tournament"), this);
@@ -250,6 +263,8 @@ void SetTournamentCommands()
         window->cmdUpdate->setEnabled(!locked && selected);
         window->cmdWithdraw->setEnabled(!locked && selected);
         window->cmdTPin->setEnabled(!locked && selected);
+        // A round needs two entrants to pair.
+        window->cmdTPairResult->setEnabled(!locked && tournament->Players().Count() >= 2);
         if (selected)
             window->cmdWithdraw->setText(selected->Withdrawn() ? QObject::tr("Reinstate")
                                                                : QObject::tr("Withdraw"));

@@ -31,6 +31,7 @@ public:
     QPushButton *cmdTLocked;
     QPushButton *cmdTUpdate;
     QPushButton *cmdTNextRound;
+    QPushButton *cmdTPairResult;
     QPushButton *cmdTPin;
     QPushButton *cmdAdd;
     QPushButton *cmdUpdate;
@@ -41,6 +42,7 @@ private:
     void cmdTLocked_Click();
     void cmdTUpdate_Click();
     void cmdTNextRound_Click();
+    void cmdTPairResult_Click();
     void cmdTPin_Click();
     void cmdAdd_Click();
     void cmdUpdate_Click();

@@ -12,8 +12,10 @@
 #include "support/widget_driving.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_player_details.h"
+#include "ui/cntl_result_list.h"
 #include "ui/cntl_tournament.h"
 #include "ui/frm_msg.h"
+#include "ui/frm_pairings.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
@@ -72,6 +74,8 @@ private slots:
     void pinsOfATournamentWithoutEntrantsAreAllCorrect();
     void updatePlayerListOpensTheEntryDesk();
     void headingClickSortsAndKeepsTheSelection();
+    void pairingAndResultsNeedsTwoEntrantsAndAnUnlockedTournament();
+    void pairingAndResultsStoresTheRoundTypedAndShowsTheScores();
 };
 
 void TestFrmTournament::showsTheDetailsAndTheEntrantsWithPinsGradesAndScores()
@@ -413,6 +417,64 @@ void TestFrmTournament::headingClickSortsAndKeepsTheSelection()
     window.lstPlayer->ClickHeading(cDataListModel::EntrantNameColumn);
     QCOMPARE(Cell(window, 0, cDataListModel::EntrantNameColumn), QStringLiteral("Cole, A"));
     QCOMPARE(window.lstPlayer->SelKey(), ames->PlayerId());
+}
+
+void TestFrmTournament::pairingAndResultsNeedsTwoEntrantsAndAnUnlockedTournament()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Pairs"));
+    AddEntrant(QStringLiteral("Ames"), QStringLiteral("Jo"), QStringLiteral("150"),
+               QStringLiteral("1"));
+    frmTournament window;
+    ShowActive(window);
+    QCOMPARE(window.cmdTPairResult->text(), QStringLiteral("Pairing && Results"));
+    QVERIFY(window.cmdTPairResult->isVisible());
+    QVERIFY(!window.cmdTPairResult->isEnabled());
+    AddEntrant(QStringLiteral("Best"), QStringLiteral("Al"), QString(), QStringLiteral("2"));
+    SetTournamentCommands();
+    QVERIFY(window.cmdTPairResult->isEnabled());
+    // Locking asks nothing and takes the round entry away.
+    QTest::mouseClick(window.cmdTLocked, Qt::LeftButton);
+    QVERIFY(!window.cmdTPairResult->isEnabled());
+}
+
+void TestFrmTournament::pairingAndResultsStoresTheRoundTypedAndShowsTheScores()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Pairs"));
+    auto ames = AddEntrant(QStringLiteral("Ames"), QStringLiteral("Jo"), QStringLiteral("150"),
+                           QStringLiteral("1"));
+    auto best =
+        AddEntrant(QStringLiteral("Best"), QStringLiteral("Al"), QString(), QStringLiteral("2"));
+    frmTournament window;
+    ShowActive(window);
+    // No game yet, so no score.
+    QCOMPARE(Cell(window, RowOf(window, *ames), cDataListModel::ScoreColumn), QString());
+    bool shown = false;
+    WhenModalShows<frmPairings>(
+        [](frmPairings *grid) {
+            QLineEdit *input = grid->lstResults->txtInp;
+            // Board 1 is proposed; white pin 1 wins against black pin 2.
+            QTest::keyClick(input, Qt::Key_Tab);
+            QTest::keyClicks(input, QStringLiteral("1"));
+            QTest::keyClick(input, Qt::Key_Tab);
+            QTest::keyClicks(input, QStringLiteral("W"));
+            QTest::keyClick(input, Qt::Key_Tab);
+            QTest::keyClicks(input, QStringLiteral("2"));
+            QTest::keyClick(input, Qt::Key_Tab);
+            grid->cmdOk->click();
+        },
+        &shown);
+    QTest::mouseClick(window.cmdTPairResult, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(
+        SqlScalar(QStringLiteral("SELECT count(*) FROM Result WHERE \"Result\" = 'W'")).toInt(), 1);
+    QCOMPARE(Cell(window, RowOf(window, *ames), cDataListModel::ScoreColumn),
+             QStringLiteral(" 1 /1"));
+    QCOMPARE(Cell(window, RowOf(window, *best), cDataListModel::ScoreColumn),
+             QStringLiteral(" 0 /1"));
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmTournament)
