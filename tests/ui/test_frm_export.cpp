@@ -335,7 +335,8 @@ void TestFrmExport::registerReadsBackWithPythonsCsvModule()
     const QString python = QStandardPaths::findExecutable(u"python3"_s);
     if (python.isEmpty())
         QSKIP("python3 is not installed");
-    AddPerson(u"O Brien"_s, u"Mary Ann"_s, false);
+    // A comma and a double quote inside a value come back as they were typed.
+    AddPerson(u"O\"Brien, Jr"_s, u"Mary Ann"_s, false);
     AddPerson(u"Smith-Jones"_s, u"Li"_s, false);
     frmExport dialog;
     ShowActive(dialog);
@@ -354,7 +355,7 @@ void TestFrmExport::registerReadsBackWithPythonsCsvModule()
         QString::fromUtf8(reader.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(rows, (QStringList{
                        u"Surname|Forename|Address1|Address2|Address3|County|Postcode|Phone|eMail"_s,
-                       u"O Brien|Mary Ann|1 Park Road|||Somerset|||"_s,
+                       u"O\"Brien, Jr|Mary Ann|1 Park Road|||Somerset|||"_s,
                        u"Smith-Jones|Li|1 Park Road|||Somerset|||"_s}));
 }
 

@@ -32,7 +32,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-    using namespace mPrintCntrl;
+using namespace mPrintCntrl;
 
 namespace {
 
@@ -564,8 +564,6 @@ void TestFrmPrint::htmlWritesAWellFormedWebPage()
     QCOMPARE(page.count(u"<html>"_s, Qt::CaseInsensitive), 1);
     // The text holds no bare mark-up of its own: the report's "&" is written escaped.
     QVERIFY(!page.contains(u"Bath & Wells"_s));
-    if (!page.contains(u"charset"_s, Qt::CaseInsensitive))
-        QSKIP("This build's web page declares no character set yet");
     QVERIFY(page.contains(u"<meta charset=\"utf-8\">"_s, Qt::CaseInsensitive));
 }
 
