@@ -33,6 +33,12 @@ public:
         OpenSessionDatabase();
     }
 
+    // The session closes before the application object, which goes at the end of the
+    // process with the other function statics.
+    ~cFuzzSession() { DestroySessionObjects(); }
+    cFuzzSession(const cFuzzSession &) = delete;
+    cFuzzSession &operator=(const cFuzzSession &) = delete;
+
     QString InputFolder() const { return folder_.filePath(QStringLiteral("input")); }
 
     void WriteInput(const QString &name, const std::uint8_t *data, std::size_t size) const
