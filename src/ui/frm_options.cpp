@@ -133,8 +133,14 @@ bool frmOptions::AcceptAgeDate()
 bool frmOptions::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::FocusIn) {
+        // The text is selected once the focus has settled; a field that the focus only
+        // passed through (a refused date takes it back) is left unselected, so that one
+        // field alone looks focused.
         if (auto *field = qobject_cast<QLineEdit *>(watched))
-            QTimer::singleShot(0, field, &QLineEdit::selectAll);
+            QTimer::singleShot(0, field, [field] {
+                if (field->hasFocus())
+                    field->selectAll();
+            });
         sbMsg->showMessage(watched->property(HelpProperty).toString());
     } else if (event->type() == QEvent::FocusOut) {
         if (watched == txtAgeDate && !AcceptAgeDate())

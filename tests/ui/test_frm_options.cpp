@@ -83,6 +83,12 @@ void TestFrmOptions::dateThatIsNotADateIsRefusedWithBeepAndFocusStays()
     QTRY_VERIFY(options.txtAgeDate->hasFocus());
     QCOMPARE(seam.Count(QStringLiteral("beep")), 1);
     QCOMPARE(options.txtAgeDate->text(), QStringLiteral("31/02/2026"));
+    // Only the date field looks focused: the field that had the focus for a moment
+    // shows no selected text.
+    QTest::qWait(20);
+    for (const QLineEdit *field : options.findChildren<QLineEdit *>())
+        if (field != options.txtAgeDate)
+            QVERIFY2(!field->hasSelectedText(), qPrintable(field->objectName()));
 }
 
 void TestFrmOptions::acceptedDateIsReformatted()
