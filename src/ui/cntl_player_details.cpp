@@ -4,6 +4,7 @@
 #include "base/busy.h"
 #include "base/common.h"
 #include "base/user_interaction.h"
+#include "database/database.h"
 #include "database/sql.h"
 #include "register/master.h"
 #include "session/control.h"
@@ -11,7 +12,10 @@
 #include "session/player.h"
 #include "session/players.h"
 #include "session/tournament.h"
+#include "ui/cntl_data_list.h"
 #include "ui/field_rules.h"
+#include "ui/frm_bcf_master.h"
+#include "ui/frm_grade_club.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -19,6 +23,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSqlQuery>
 #include <QStackedLayout>
 
@@ -131,6 +136,14 @@ void cntlPlayerDetails::BuildFields()
     rules_->Watch(txtELO, tr("Enter the player's FIDE rating"), &cFieldRules::EmptyOrWholeNumber);
     txtCode = NewField(frmText, "txtCode", 7);
     rules_->Watch(txtCode, tr("Enter the player's BCF code"));
+    cmdGradeClub = new QPushButton(tr("Pick..."), frmText);
+    cmdGradeClub->setObjectName(QStringLiteral("cmdGradeClub"));
+    cmdGradeClub->setAutoDefault(false);
+    cmdSelect = new QPushButton(tr("Select..."), frmText);
+    cmdSelect->setObjectName(QStringLiteral("cmdSelect"));
+    cmdSelect->setAutoDefault(false);
+    connect(cmdGradeClub, &QPushButton::clicked, this, &cntlPlayerDetails::cmdGradeClub_Click);
+    connect(cmdSelect, &QPushButton::clicked, this, &cntlPlayerDetails::cmdSelect_Click);
     txtForename->installEventFilter(this);
     txtSurname->installEventFilter(this);
     txtDOB->installEventFilter(this);
@@ -138,11 +151,14 @@ void cntlPlayerDetails::BuildFields()
     auto *grid = new QGridLayout(frmText);
     grid->setContentsMargins(0, 0, 0, 0);
     int row = 0;
-    auto add = [&](const QString &caption, QWidget *field, QWidget *second = nullptr) {
+    auto add = [&](const QString &caption, QWidget *field, QWidget *second = nullptr,
+                   QWidget *command = nullptr) {
         grid->addWidget(new QLabel(caption, frmText), row, 0);
         grid->addWidget(field, row, 1, 1, second ? 1 : 2);
         if (second)
             grid->addWidget(second, row, 2);
+        if (command)
+            grid->addWidget(command, row, 3);
         ++row;
     };
     add(tr("Master Id:"), txtMasterId);
@@ -150,13 +166,13 @@ void cntlPlayerDetails::BuildFields()
     add(tr("Surname:"), txtSurname);
     add(tr("Date of Birth:"), txtDOB, txtAge);
     add(tr("Club:"), cmbClub);
-    add(tr("Grading Club:"), txtGradeClub, txtGradeCode);
+    add(tr("Grading Club:"), txtGradeClub, txtGradeCode, cmdGradeClub);
     add(tr("School:"), cmbSchool);
     add(tr("Title:"), txtGMTitle);
     add(tr("Grade:"), txtGrade, cmbGLett);
     add(tr("Rapidplay:"), txtRGrade, cmbRLett);
     add(tr("ELO:"), txtELO);
-    add(tr("BCF Code:"), txtCode);
+    add(tr("BCF Code:"), txtCode, nullptr, cmdSelect);
     grid->setColumnStretch(1, 1);
 
     const auto changed = [this] { emit Changed(); };
@@ -241,6 +257,10 @@ void cntlPlayerDetails::Display()
     cmbSchool->clear();
     cmbSchool->addItems(
         DistinctValues(QStringLiteral("SELECT DISTINCT School From Master WHERE School <> ''")));
+    cmdGradeClub->setEnabled(!Database().BCFClubIsEmpty());
+    // Matching needs the entrant's register record and a grading list to match it to.
+    cmdSelect->setEnabled(player_ && !player_->MasterId().isEmpty() &&
+                          !Database().BCFMasterIsEmpty());
     if (!player_)
         return;
     const cPlayer &p = *player_;
@@ -371,6 +391,41 @@ void cntlPlayerDetails::Update()
     default:
         break;
     }
+}
+
+void cntlPlayerDetails::cmdSelect_Click()
+{
+    if (!player_ || player_->MasterId().isEmpty())
+        return;
+    auto master = std::make_shared<cMaster>();
+    master->Load(player_->MasterId());
+    if (!MatchSingle(master, this))
+        return;
+    player_->setBCFCode(master->BCFCode());
+    player_->UpdateGradesFromMaster(*master);
+    Display();
+    emit Changed();
+}
+
+void cntlPlayerDetails::cmdGradeClub_Click()
+{
+    frmGradeClub picker(this);
+    // The club list opens on the club the entrant most likely plays for.
+    for (const QString &name :
+         {txtGradeClub->text(), cmbClub->currentText(), cmbSchool->currentText()}) {
+        if (!name.trimmed().isEmpty()) {
+            picker.lstClub->setSelName(name.trimmed());
+            break;
+        }
+    }
+    picker.exec();
+    if (picker.Cancelled)
+        return;
+    const QString code = picker.Code();
+    QSqlQuery club = RunSql(QStringLiteral("SELECT Club FROM Club WHERE Code = ?"), {code});
+    txtGradeCode->setText(code);
+    txtGradeClub->setText(club.next() ? TextOf(club.value(0)) : QString());
+    emit Changed();
 }
 
 bool cntlPlayerDetails::eventFilter(QObject *watched, QEvent *event)

@@ -9,6 +9,7 @@ class cPlayer;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QStackedLayout;
 class QStatusBar;
 
@@ -69,6 +70,8 @@ public:
     QLabel *lblRGrade;
     QLabel *lblELO;
     QLabel *lblCode;
+    QPushButton *cmdSelect;
+    QPushButton *cmdGradeClub;
 
 signals:
     // Any text or list was changed.
@@ -81,6 +84,8 @@ private:
     void BuildFields();
     void BuildLabels();
     void CopyFields(cPlayer &player) const;
+    void cmdSelect_Click();
+    void cmdGradeClub_Click();
 
     int displayMode_ = View;
     std::shared_ptr<cPlayer> player_;

@@ -127,17 +127,19 @@ void frmBCFMaster::lstBCF_SelectionChanged()
     cmdMatch->setEnabled(!lstBCF->SelKey().isEmpty());
 }
 
-void MatchSingle(const std::shared_ptr<cMaster> &master, QWidget *parent)
+bool MatchSingle(const std::shared_ptr<cMaster> &master, QWidget *parent)
 {
     if (!master || master->MasterId().isEmpty())
-        return;
+        return false;
     frmBCFMaster window(parent);
     window.Mode = frmBCFMaster::SingleMatch;
     window.Master = master;
     window.Activate();
     window.exec();
-    if (!window.Cancelled && Control().BCFMaster())
-        master->UpdateFrom(*Control().BCFMaster());
+    if (window.Cancelled || !Control().BCFMaster())
+        return false;
+    master->UpdateFrom(*Control().BCFMaster());
+    return true;
 }
 
 void MatchWalk(QWidget *parent)

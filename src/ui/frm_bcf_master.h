@@ -50,8 +50,9 @@ private:
 };
 
 // Matches the person to the grading list; unless the organiser closes the window,
-// their code and grades are taken from the row chosen and written at once.
-void MatchSingle(const std::shared_ptr<cMaster> &master, QWidget *parent);
+// their code and grades are taken from the row chosen and written at once. Tells
+// whether a row was taken.
+bool MatchSingle(const std::shared_ptr<cMaster> &master, QWidget *parent);
 // The walk through the register, by surname then forename: people with a code are
 // refreshed from their row without a question, the others are matched one by one.
 // Afterwards the person who was current is current again, read afresh.

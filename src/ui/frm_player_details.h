@@ -30,11 +30,13 @@ public:
     QLabel *lblWarning;
     QPushButton *cmdOk;
     QPushButton *cmdCancel;
+    QPushButton *cmdMaster;
     QStatusBar *sbMsg;
 
 private:
     void cmdOk_Click();
     void cmdCancel_Click();
+    void cmdMaster_Click();
 };
 
 // Runs the dialog and gives its result: 0 after a committed change, -1 after Cancel.

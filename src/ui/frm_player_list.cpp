@@ -11,13 +11,17 @@
 #include "ui/cntl_master_list.h"
 #include "ui/cntl_player_list.h"
 #include "ui/entrant_list.h"
+#include "ui/frm_bcf_master.h"
+#include "ui/frm_master_details.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_pins.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -40,6 +44,11 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
 
     lstMaster = new cntlMasterList(this);
     lstMaster->setDisplayType(qint32(DataListKind::Master));
+    cmdMasterView = NewCommand(this, "cmdMasterView", tr("View"));
+    cmdMasterUpdate = NewCommand(this, "cmdMasterUpdate", tr("Update"));
+    cmdMasterNew = NewCommand(this, "cmdMasterNew", tr("New"));
+    cmdMasterDelete = NewCommand(this, "cmdMasterDelete", tr("Delete"));
+    cmdMatch = NewCommand(this, "cmdMatch", tr("Match to BCF Grading List"));
     cmdAdd = NewCommand(this, "cmdAdd", tr(">>>"));
     lstPlayer = new cntlPlayerList(this);
     lstPlayer->setObjectName(QStringLiteral("lstPlayer"));
@@ -54,6 +63,17 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
     sbMsg->setObjectName(QStringLiteral("sbMsg"));
     sbMsg->setSizeGripEnabled(false);
 
+    auto *registerCommands = new QHBoxLayout;
+    for (QPushButton *button : {cmdMasterView, cmdMasterUpdate, cmdMasterNew, cmdMasterDelete})
+        registerCommands->addWidget(button);
+    registerCommands->addStretch(1);
+    auto *matchCommand = new QHBoxLayout;
+    matchCommand->addWidget(cmdMatch);
+    matchCommand->addStretch(1);
+    auto *registerSide = new QVBoxLayout;
+    registerSide->addWidget(lstMaster, 1);
+    registerSide->addLayout(registerCommands);
+    registerSide->addLayout(matchCommand);
     auto *middle = new QVBoxLayout;
     middle->addStretch(1);
     middle->addWidget(cmdAdd);
@@ -67,7 +87,7 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
     entrants->addWidget(lstPlayer, 1);
     entrants->addLayout(entrantCommands);
     auto *sides = new QHBoxLayout;
-    sides->addWidget(lstMaster, 1);
+    sides->addLayout(registerSide, 1);
     sides->addLayout(middle);
     sides->addLayout(entrants, 1);
     auto *bottom = new QHBoxLayout;
@@ -87,6 +107,11 @@ frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
     connect(lstPlayer, &cntlPlayerList::SelectionChanged, this, &frmPlayerList::lstPlayer_Click);
     connect(lstPlayer, &cntlPlayerList::RowDoubleClicked, this,
             &frmPlayerList::cmdPlayerView_Click);
+    connect(cmdMasterView, &QPushButton::clicked, this, &frmPlayerList::cmdMasterView_Click);
+    connect(cmdMasterUpdate, &QPushButton::clicked, this, &frmPlayerList::cmdMasterUpdate_Click);
+    connect(cmdMasterNew, &QPushButton::clicked, this, &frmPlayerList::cmdMasterNew_Click);
+    connect(cmdMasterDelete, &QPushButton::clicked, this, &frmPlayerList::cmdMasterDelete_Click);
+    connect(cmdMatch, &QPushButton::clicked, this, &frmPlayerList::cmdMatch_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmPlayerList::cmdAdd_Click);
     connect(cmdPlayerNew, &QPushButton::clicked, this, &frmPlayerList::cmdPlayerNew_Click);
     connect(cmdPlayerView, &QPushButton::clicked, this, &frmPlayerList::cmdPlayerView_Click);
@@ -104,6 +129,10 @@ void frmPlayerList::SetEntryCommands()
 {
     const QString masterId = lstMaster->SelKey();
     const bool master = !masterId.isEmpty();
+    cmdMasterView->setEnabled(master);
+    cmdMasterUpdate->setEnabled(master);
+    cmdMasterDelete->setEnabled(master);
+    cmdMatch->setEnabled(master);
     cmdAdd->setEnabled(master && Control().Tournament() &&
                        Control().Tournament()->Players().ValidAddPlayer(masterId));
     const bool entrant = Control().Tournament() && Control().Tournament()->SelPlayer();
@@ -133,6 +162,86 @@ void frmPlayerList::lstPlayer_Click()
     const QString key = lstPlayer->SelKey();
     tournament->setSelPlayer(key.isEmpty() ? nullptr : tournament->Players().item(key));
     SetEntryCommands();
+}
+
+void frmPlayerList::ShowMaster(const QString &masterId)
+{
+    // A new person under another letter is shown under their own letter, unless the
+    // register is showing a search.
+    auto master = std::make_shared<cMaster>();
+    master->Load(masterId);
+    const QString initial = master->Surname().left(1).toUpper();
+    const bool searching =
+        lstMaster->Tab() == QLatin1String("?") && !lstMaster->txtSearch->text().isEmpty();
+    if (!searching && initial != lstMaster->Tab())
+        lstMaster->SetTab(initial);
+    lstMaster->DisplayList();
+    if (!masterId.isEmpty())
+        lstMaster->setSelKey(masterId);
+    lstMaster_Click();
+    FocusRegister();
+}
+
+void frmPlayerList::FocusRegister()
+{
+    // The dialog gives the focus back to the command that opened it as the window comes
+    // back to the front; the register takes it after that.
+    lstMaster->SetFocus();
+    QTimer::singleShot(0, lstMaster, [this] { lstMaster->SetFocus(); });
+}
+
+void frmPlayerList::cmdMasterView_Click()
+{
+    const QString key = lstMaster->SelKey();
+    if (key.isEmpty())
+        return;
+    auto master = std::make_shared<cMaster>();
+    master->Load(key);
+    frmMasterDetails dialog(0, master, this);
+    dialog.exec();
+}
+
+void frmPlayerList::cmdMasterUpdate_Click()
+{
+    const auto master = Control().Master();
+    if (!master || master->MasterId().isEmpty())
+        return;
+    frmMasterDetails dialog(2, master, this);
+    dialog.exec();
+    if (!dialog.Cancelled)
+        ShowMaster(master->MasterId());
+}
+
+void frmPlayerList::cmdMasterNew_Click()
+{
+    frmMasterDetails dialog(1, nullptr, this);
+    dialog.exec();
+    if (!dialog.Cancelled && dialog.Master())
+        ShowMaster(dialog.Master()->MasterId());
+}
+
+void frmPlayerList::cmdMasterDelete_Click()
+{
+    const auto master = Control().Master();
+    if (!master || master->MasterId().isEmpty() || !master->DeleteRequired())
+        return;
+    frmMasterDetails dialog(5, master, this);
+    dialog.exec();
+    if (dialog.Cancelled)
+        return;
+    lstMaster->DisplayList();
+    lstMaster_Click();
+    FocusRegister();
+}
+
+void frmPlayerList::cmdMatch_Click()
+{
+    const auto master = Control().Master();
+    if (!master || master->MasterId().isEmpty())
+        return;
+    const QString masterId = master->MasterId();
+    if (MatchSingle(master, this))
+        ShowMaster(masterId);
 }
 
 void frmPlayerList::ShowEntrants()
@@ -174,9 +283,10 @@ void frmPlayerList::cmdPlayerUpdate_Click()
     auto player = Control().Tournament()->SelPlayer();
     if (!player)
         return;
-    if (RunPlayerDetails(frmPlayerDetails::Change, player, this) != 0)
-        return;
-    // The register record may have taken the changes too.
+    // The register record may have taken the changes too; a match to the grading list
+    // made in the dialog is written at once, so the lists are read again even after
+    // Cancel.
+    RunPlayerDetails(frmPlayerDetails::Change, player, this);
     const QString masterId = lstMaster->SelKey();
     lstMaster->DisplayList();
     lstMaster->setSelKey(masterId);

@@ -20,6 +20,11 @@ public:
     void SetEntryCommands();
 
     cntlMasterList *lstMaster;
+    QPushButton *cmdMasterView;
+    QPushButton *cmdMasterUpdate;
+    QPushButton *cmdMasterNew;
+    QPushButton *cmdMasterDelete;
+    QPushButton *cmdMatch;
     cntlPlayerList *lstPlayer;
     QPushButton *cmdAdd;
     QPushButton *cmdPlayerNew;
@@ -34,6 +39,11 @@ public:
 private:
     void lstMaster_Click();
     void lstPlayer_Click();
+    void cmdMasterView_Click();
+    void cmdMasterUpdate_Click();
+    void cmdMasterNew_Click();
+    void cmdMasterDelete_Click();
+    void cmdMatch_Click();
     void cmdAdd_Click();
     void cmdPlayerNew_Click();
     void cmdPlayerView_Click();
@@ -41,6 +51,9 @@ private:
     void cmdRemove_Click();
     void cmdWithdraw_Click();
     void cmdTPin_Click();
+    // Reloads the register, selects the person of the id and makes them the current one.
+    void ShowMaster(const QString &masterId);
+    void FocusRegister();
     // Reloads the entrants and selects the tournament's selected entrant.
     void ShowEntrants();
 };

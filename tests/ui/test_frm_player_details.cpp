@@ -9,7 +9,13 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_data_list.h"
+#include "ui/cntl_master_details.h"
+#include "ui/cntl_master_list.h"
 #include "ui/cntl_player_details.h"
+#include "ui/frm_bcf_master.h"
+#include "ui/frm_grade_club.h"
+#include "ui/frm_master_details.h"
 #include "ui/frm_player_details.h"
 
 #include <QApplication>
@@ -18,6 +24,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTest>
 
 namespace {
@@ -33,6 +40,24 @@ void Leave(QWidget *field)
 {
     QTest::keyClick(field, Qt::Key_Tab);
     QApplication::processEvents();
+}
+
+// An entrant of the open tournament made from a new person of the register.
+std::shared_ptr<cPlayer> AddEntrantFromMaster(const QString &surname, const QString &forename,
+                                              const QString &grade = QString())
+{
+    const QString id = AddMasterPlayer(surname, forename, grade);
+    cMaster master;
+    master.Load(id);
+    auto tournament = Control().Tournament();
+    return tournament->Players().AddFromMaster(tournament->TournId(), master);
+}
+
+void AddClubs()
+{
+    RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
+                          "('BRI', 'Brighton', 'SUS', 'E'), ('HAS', 'Hastings', 'SUS', 'E'), "
+                          "('LEW', 'Lewes', 'SUS', 'E')"));
 }
 
 } // namespace
@@ -54,6 +79,12 @@ private slots:
     void viewModeHasOnlyClose();
     void fieldsAndLabelsShowTheEntrant();
     void cancelChangesNothing();
+    void viewMasterShowsTheRegisterRecord();
+    void viewMasterNeedsARegisterRecord();
+    void selectMatchesTheEntrantAndTakesTheGrades();
+    void selectNeedsARegisterRecordAndAGradingList();
+    void gradeClubOpensOnTheEntrantsClubAndFillsTheFields();
+    void gradeClubClearAndAnEmptyClubList();
 };
 
 void TestFrmPlayerDetails::gradeWithAPointOrLettersIsRefusedWithoutMessage()
@@ -289,6 +320,211 @@ void TestFrmPlayerDetails::cancelChangesNothing()
     QCOMPARE(player->Surname(), QStringLiteral("Ames"));
     QCOMPARE(SqlScalar(QStringLiteral("Select Surname From Player")).toString(),
              QStringLiteral("Ames"));
+}
+
+void TestFrmPlayerDetails::viewMasterShowsTheRegisterRecord()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    auto player =
+        AddEntrantFromMaster(QStringLiteral("Ames"), QStringLiteral("Jo"), QStringLiteral("150"));
+    for (int mode : {int(frmPlayerDetails::View), int(frmPlayerDetails::Change)}) {
+        frmPlayerDetails dialog(mode, player);
+        ShowActive(dialog);
+        QCOMPARE(dialog.cmdMaster->text(), QStringLiteral("View Master"));
+        QVERIFY(dialog.cmdMaster->isEnabled());
+        bool shown = false;
+        QString id;
+        QString surname;
+        bool readOnly = false;
+        WhenModalShows<frmMasterDetails>(
+            [&](frmMasterDetails *master) {
+                id = master->cntlDetails->txtMasterId->text();
+                surname = master->cntlDetails->txtSurname->text();
+                readOnly =
+                    master->cntlDetails->txtSurname->isReadOnly() && !master->cmdOk->isVisible();
+                QTest::mouseClick(master->cmdCancel, Qt::LeftButton);
+            },
+            &shown);
+        QTest::mouseClick(dialog.cmdMaster, Qt::LeftButton);
+        QVERIFY(shown);
+        QCOMPARE(id, player->MasterId());
+        QCOMPARE(surname, QStringLiteral("Ames"));
+        QVERIFY(readOnly);
+        // The entrant's own dialog is still there.
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.Result, -1);
+    }
+}
+
+void TestFrmPlayerDetails::viewMasterNeedsARegisterRecord()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    auto walkIn = AddEntrant(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    frmPlayerDetails withoutId(frmPlayerDetails::Change, walkIn);
+    QVERIFY(!withoutId.cmdMaster->isEnabled());
+    frmPlayerDetails newEntrant(frmPlayerDetails::New, nullptr);
+    QVERIFY(!newEntrant.cmdMaster->isEnabled());
+    // A register record deleted since the entry leaves nothing to show.
+    auto entered = AddEntrantFromMaster(QStringLiteral("Best"), QStringLiteral("Al"));
+    RunSql(QStringLiteral("DELETE FROM Master"));
+    frmPlayerDetails gone(frmPlayerDetails::View, entered);
+    QVERIFY(!gone.cmdMaster->isEnabled());
+}
+
+void TestFrmPlayerDetails::selectMatchesTheEntrantAndTakesTheGrades()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    auto player =
+        AddEntrantFromMaster(QStringLiteral("Smith"), QStringLiteral("Ann"), QStringLiteral("100"));
+    RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name, Age, Grade, Cat, RGrade, RCat) VALUES "
+                          "('100001A', 'Smith, Alan', 'A', 120, 'A', NULL, NULL), "
+                          "('100002B', 'Smith, Ann', 'A', 155, 'B', 140, 'C')"));
+    frmPlayerDetails dialog(frmPlayerDetails::Change, player);
+    ShowActive(dialog);
+    cntlPlayerDetails *fields = dialog.playerControl;
+    QVERIFY(fields->cmdSelect->isVisible());
+    QVERIFY(fields->cmdSelect->isEnabled());
+    bool changed = false;
+    connect(fields, &cntlPlayerDetails::Changed, this, [&changed] { changed = true; });
+    bool shown = false;
+    QString searched;
+    WhenModalShows<frmBCFMaster>(
+        [&](frmBCFMaster *window) {
+            searched = window->lstBCF->txtSearch->text();
+            QTest::keyClicks(window->lstBCF->lstMaster->lstData, QStringLiteral("smith, an"));
+            QTest::mouseClick(window->cmdMatch, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(fields->cmdSelect, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(searched, QStringLiteral("Smith, A"));
+    QVERIFY(changed);
+    QCOMPARE(fields->txtCode->text(), QStringLiteral("100002B"));
+    QCOMPARE(fields->txtGrade->text(), QStringLiteral("155"));
+    QCOMPARE(fields->cmbGLett->currentText(), QStringLiteral("B"));
+    QCOMPARE(fields->txtRGrade->text(), QStringLiteral("140"));
+    QCOMPARE(player->BCFCode(), QStringLiteral("100002B"));
+    QCOMPARE(SqlScalar(QStringLiteral("Select Code From Master")).toString(),
+             QStringLiteral("100002B"));
+    QCOMPARE(SqlScalar(QStringLiteral("Select Grade From Player")).toInt(), 155);
+    QCOMPARE(SqlScalar(QStringLiteral("Select GLett From Player")).toString(), QStringLiteral("B"));
+    // Closing the list takes nothing.
+    WhenModalShows<frmBCFMaster>(
+        [](frmBCFMaster *window) { QTest::mouseClick(window->cmdNoMatch, Qt::LeftButton); },
+        &shown);
+    changed = false;
+    QTest::mouseClick(fields->cmdSelect, Qt::LeftButton);
+    QVERIFY(shown);
+    QVERIFY(!changed);
+    QCOMPARE(fields->txtCode->text(), QStringLiteral("100002B"));
+}
+
+void TestFrmPlayerDetails::selectNeedsARegisterRecordAndAGradingList()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    auto entered = AddEntrantFromMaster(QStringLiteral("Smith"), QStringLiteral("Ann"));
+    auto walkIn = AddEntrant(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    {
+        frmPlayerDetails noList(frmPlayerDetails::Change, entered);
+        QVERIFY(!noList.playerControl->cmdSelect->isEnabled());
+    }
+    RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name, Grade, Cat) VALUES "
+                          "('100002B', 'Smith, Ann', 155, 'B')"));
+    frmPlayerDetails withRecord(frmPlayerDetails::Change, entered);
+    QVERIFY(withRecord.playerControl->cmdSelect->isEnabled());
+    frmPlayerDetails withoutRecord(frmPlayerDetails::Change, walkIn);
+    QVERIFY(!withoutRecord.playerControl->cmdSelect->isEnabled());
+    frmPlayerDetails newEntrant(frmPlayerDetails::New, nullptr);
+    QVERIFY(!newEntrant.playerControl->cmdSelect->isEnabled());
+    // Viewing offers no command that writes.
+    frmPlayerDetails view(frmPlayerDetails::View, entered);
+    ShowActive(view);
+    QVERIFY(!view.playerControl->cmdSelect->isVisible());
+    QVERIFY(!view.playerControl->cmdGradeClub->isVisible());
+}
+
+void TestFrmPlayerDetails::gradeClubOpensOnTheEntrantsClubAndFillsTheFields()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    AddClubs();
+    frmPlayerDetails dialog(frmPlayerDetails::New, nullptr);
+    ShowActive(dialog);
+    cntlPlayerDetails *fields = dialog.playerControl;
+    QVERIFY(fields->cmdGradeClub->isEnabled());
+    fields->cmbClub->setFocus();
+    QTest::keyClicks(fields->cmbClub->lineEdit(), QStringLiteral("Hastings"));
+    bool shown = false;
+    QString preselected;
+    WhenModalShows<frmGradeClub>(
+        [&](frmGradeClub *picker) {
+            preselected = picker->lstClub->SelKey();
+            QTest::mouseClick(picker->cmdOk, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(fields->cmdGradeClub, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(preselected, QStringLiteral("HAS"));
+    QCOMPARE(fields->txtGradeClub->text(), QStringLiteral("Hastings"));
+    QCOMPARE(fields->txtGradeCode->text(), QStringLiteral("HAS"));
+    // The grading club given comes before the club typed.
+    ReplaceText(fields->txtGradeClub, QStringLiteral("Lewes"));
+    WhenModalShows<frmGradeClub>(
+        [&](frmGradeClub *picker) {
+            preselected = picker->lstClub->SelKey();
+            QTest::mouseClick(picker->cmdOk, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(fields->cmdGradeClub, Qt::LeftButton);
+    QCOMPARE(preselected, QStringLiteral("LEW"));
+    QCOMPARE(fields->txtGradeCode->text(), QStringLiteral("LEW"));
+    QCOMPARE(fields->txtGradeClub->text(), QStringLiteral("Lewes"));
+    // Saved with the entrant.
+    fields->txtSurname->setFocus();
+    QTest::keyClicks(fields->txtSurname, QStringLiteral("Ames"));
+    QTest::mouseClick(dialog.cmdOk, Qt::LeftButton);
+    QCOMPARE(dialog.Result, 0);
+    QCOMPARE(SqlScalar(QStringLiteral("Select ClubCode From Player")).toString(),
+             QStringLiteral("LEW"));
+}
+
+void TestFrmPlayerDetails::gradeClubClearAndAnEmptyClubList()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("T"));
+    {
+        frmPlayerDetails noClubs(frmPlayerDetails::New, nullptr);
+        QVERIFY(!noClubs.playerControl->cmdGradeClub->isEnabled());
+    }
+    AddClubs();
+    frmPlayerDetails dialog(frmPlayerDetails::New, nullptr);
+    ShowActive(dialog);
+    cntlPlayerDetails *fields = dialog.playerControl;
+    fields->txtGradeCode->setText(QStringLiteral("HAS"));
+    fields->txtGradeClub->setText(QStringLiteral("Hastings"));
+    // Cancel leaves the fields.
+    WhenModalShows<frmGradeClub>(
+        [](frmGradeClub *picker) { QTest::mouseClick(picker->cmdCancel, Qt::LeftButton); },
+        nullptr);
+    QTest::mouseClick(fields->cmdGradeClub, Qt::LeftButton);
+    QCOMPARE(fields->txtGradeCode->text(), QStringLiteral("HAS"));
+    QCOMPARE(fields->txtGradeClub->text(), QStringLiteral("Hastings"));
+    // Clear empties both.
+    WhenModalShows<frmGradeClub>(
+        [](frmGradeClub *picker) { QTest::mouseClick(picker->cmdClear, Qt::LeftButton); }, nullptr);
+    QTest::mouseClick(fields->cmdGradeClub, Qt::LeftButton);
+    QCOMPARE(fields->txtGradeCode->text(), QString());
+    QCOMPARE(fields->txtGradeClub->text(), QString());
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmPlayerDetails)

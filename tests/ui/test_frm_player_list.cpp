@@ -1,4 +1,5 @@
 #include "database/sql.h"
+#include "register/master.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -8,22 +9,28 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_bcf_master_details.h"
 #include "ui/cntl_data_list.h"
+#include "ui/cntl_master_details.h"
 #include "ui/cntl_master_list.h"
 #include "ui/cntl_player_details.h"
 #include "ui/cntl_player_list.h"
 #include "ui/entrant_list.h"
+#include "ui/frm_bcf_master.h"
+#include "ui/frm_master_details.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
 #include "ui/frm_player_pins.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -67,6 +74,13 @@ int EntrantRows(const frmPlayerList &desk)
     return desk.lstPlayer->lstData->Model()->rowCount();
 }
 
+QString StoredMaster(const QString &id, const char *field)
+{
+    return TextOf(SqlScalar(QStringLiteral("SELECT ") + QString::fromLatin1(field) +
+                                QStringLiteral(" FROM Master WHERE MasterId = ?"),
+                            {id}));
+}
+
 } // namespace
 
 class TestFrmPlayerList : public QObject
@@ -88,6 +102,13 @@ private slots:
     void removeTakesTheEntrantAndSelectsTheNext();
     void entrantCommandsNeedASelectedEntrant();
     void allocatePinsFromTheDeskReloadsItsList();
+    void registerCommandsNeedASelectedPerson();
+    void masterViewShowsThePersonReadOnly();
+    void masterUpdateStoresAndKeepsTheSelection();
+    void masterNewShowsThePersonUnderTheirLetter();
+    void masterDeleteTakesThePersonFromTheRegister();
+    void masterDeleteOfAnEntrantAsksFirst();
+    void matchTakesCodeAndGradesAndKeepsTheSelection();
 };
 
 void TestFrmPlayerList::registerShowsNobodyUntilATabIsChosen()
@@ -417,6 +438,271 @@ void TestFrmPlayerList::allocatePinsFromTheDeskReloadsItsList()
     QTest::mouseClick(desk.cmdTPin, Qt::LeftButton);
     QVERIFY(shown);
     QCOMPARE(SqlScalar(QStringLiteral("Select Pin From Player Where Surname = 'Zeta'")).toInt(), 2);
+}
+
+void TestFrmPlayerList::registerCommandsNeedASelectedPerson()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Desk"));
+    AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    QCOMPARE(desk.cmdMasterView->text(), QStringLiteral("View"));
+    QCOMPARE(desk.cmdMasterUpdate->text(), QStringLiteral("Update"));
+    QCOMPARE(desk.cmdMasterNew->text(), QStringLiteral("New"));
+    QCOMPARE(desk.cmdMasterDelete->text(), QStringLiteral("Delete"));
+    QCOMPARE(desk.cmdMatch->text(), QStringLiteral("Match to BCF Grading List"));
+    for (QPushButton *command :
+         {desk.cmdMasterView, desk.cmdMasterUpdate, desk.cmdMasterDelete, desk.cmdMatch})
+        QVERIFY2(!command->isEnabled(), qPrintable(command->objectName()));
+    QVERIFY(desk.cmdMasterNew->isEnabled());
+    // Nothing to act on: the commands do nothing.
+    QTest::mouseClick(desk.cmdMasterDelete, Qt::LeftButton);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 1);
+    ChooseTab(desk, QStringLiteral("A"));
+    ClickMasterRow(desk, 0);
+    for (QPushButton *command :
+         {desk.cmdMasterView, desk.cmdMasterUpdate, desk.cmdMasterDelete, desk.cmdMatch})
+        QVERIFY2(command->isEnabled(), qPrintable(command->objectName()));
+}
+
+void TestFrmPlayerList::masterViewShowsThePersonReadOnly()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Desk"));
+    AddMasterPlayer(QStringLiteral("Abbot"), QStringLiteral("Di"));
+    const QString ames =
+        AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"), QStringLiteral("150"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("A"));
+    ClickMasterRow(desk, 1);
+    bool shown = false;
+    QString surname;
+    QString grade;
+    bool readOnly = false;
+    bool okHidden = false;
+    QString closeText;
+    WhenModalShows<frmMasterDetails>(
+        [&](frmMasterDetails *dialog) {
+            surname = dialog->cntlDetails->txtSurname->text();
+            grade = dialog->cntlDetails->txtGrade->text();
+            readOnly = dialog->cntlDetails->txtSurname->isReadOnly();
+            okHidden = !dialog->cmdOk->isVisible();
+            closeText = dialog->cmdCancel->text();
+            QTest::mouseClick(dialog->cmdCancel, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(desk.cmdMasterView, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(surname, QStringLiteral("Ames"));
+    QCOMPARE(grade, QStringLiteral("150"));
+    QVERIFY(readOnly);
+    QVERIFY(okHidden);
+    QCOMPARE(closeText, QStringLiteral("Close"));
+    QCOMPARE(desk.lstMaster->SelKey(), ames);
+}
+
+void TestFrmPlayerList::masterUpdateStoresAndKeepsTheSelection()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Desk"));
+    AddMasterPlayer(QStringLiteral("Abbot"), QStringLiteral("Di"));
+    const QString ames = AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    AddMasterPlayer(QStringLiteral("Axe"), QStringLiteral("Al"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("A"));
+    ClickMasterRow(desk, 1);
+    bool shown = false;
+    WhenModalShows<frmMasterDetails>(
+        [](frmMasterDetails *dialog) {
+            QLineEdit *surname = dialog->cntlDetails->txtSurname;
+            QVERIFY(!surname->isReadOnly());
+            surname->setFocus();
+            ReplaceText(surname, QStringLiteral("Aaron"));
+            QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(desk.cmdMasterUpdate, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(StoredMaster(ames, "Surname"), QStringLiteral("Aaron"));
+    // The list is read again: the person now sorts first and is still the one selected.
+    QAbstractItemModel *rows = desk.lstMaster->lstMaster->lstData->model();
+    QCOMPARE(rows->index(0, cDataListModel::NameColumn).data().toString(),
+             QStringLiteral("Aaron, Jo"));
+    QCOMPARE(desk.lstMaster->SelKey(), ames);
+    QCOMPARE(Control().Master()->Surname(), QStringLiteral("Aaron"));
+    QVERIFY(desk.cmdAdd->isEnabled());
+}
+
+void TestFrmPlayerList::masterNewShowsThePersonUnderTheirLetter()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    auto tournament = OpenNewTournament(QStringLiteral("Desk"));
+    AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("A"));
+    bool shown = false;
+    WhenModalShows<frmMasterDetails>(
+        [](frmMasterDetails *dialog) {
+            QTest::keyClicks(dialog->cntlDetails->txtForename, QStringLiteral("Zoe"));
+            dialog->cntlDetails->txtSurname->setFocus();
+            QTest::keyClicks(dialog->cntlDetails->txtSurname, QStringLiteral("Zed"));
+            QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(desk.cmdMasterNew, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 2);
+    const QString zed =
+        TextOf(SqlScalar(QStringLiteral("Select MasterId From Master Where Surname = 'Zed'")));
+    QVERIFY(!zed.isEmpty());
+    QCOMPARE(desk.lstMaster->Tab(), QStringLiteral("Z"));
+    QCOMPARE(desk.lstMaster->SelKey(), zed);
+    QCOMPARE(desk.lstMaster->SelName(), QStringLiteral("Zed, Zoe"));
+    QCOMPARE(Control().Master()->MasterId(), zed);
+    // The new person goes straight into the tournament.
+    QVERIFY(desk.cmdAdd->isEnabled());
+    QTest::mouseClick(desk.cmdAdd, Qt::LeftButton);
+    QCOMPARE(tournament->Players().Count(), 1);
+    QCOMPARE(EntrantCell(desk, 0, cEntrantListModel::Name), QStringLiteral("Zed, Zoe"));
+}
+
+void TestFrmPlayerList::masterDeleteTakesThePersonFromTheRegister()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Desk"));
+    const QString abbot = AddMasterPlayer(QStringLiteral("Abbot"), QStringLiteral("Di"));
+    const QString ames = AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("A"));
+    ClickMasterRow(desk, 0);
+    QString okText;
+    bool warned = false;
+    bool shown = false;
+    WhenModalShows<frmMasterDetails>(
+        [&](frmMasterDetails *dialog) {
+            okText = dialog->cmdOk->text();
+            warned = dialog->lblMsg->isVisible();
+            QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(desk.cmdMasterDelete, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(okText.remove(u'&'), QStringLiteral("Delete"));
+    QVERIFY(warned);
+    QCOMPARE(seam.Count(QStringLiteral("ask|")), 0);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 1);
+    QCOMPARE(StoredMaster(abbot, "Surname"), QString());
+    QCOMPARE(desk.lstMaster->lstMaster->RowCount(), 1);
+    QCOMPARE(desk.lstMaster->SelKey(), ames);
+    QCOMPARE(Control().Master()->MasterId(), ames);
+    // Cancel in the dialog keeps the person.
+    WhenModalShows<frmMasterDetails>(
+        [](frmMasterDetails *dialog) { QTest::mouseClick(dialog->cmdCancel, Qt::LeftButton); },
+        nullptr);
+    QTest::mouseClick(desk.cmdMasterDelete, Qt::LeftButton);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 1);
+    QCOMPARE(desk.lstMaster->SelKey(), ames);
+}
+
+void TestFrmPlayerList::masterDeleteOfAnEntrantAsksFirst()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    auto tournament = OpenNewTournament(QStringLiteral("Desk"));
+    const QString ames = AddMasterPlayer(QStringLiteral("Ames"), QStringLiteral("Jo"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("A"));
+    ClickMasterRow(desk, 0);
+    QTest::mouseClick(desk.cmdAdd, Qt::LeftButton);
+    QCOMPARE(tournament->Players().Count(), 1);
+    // No to the question: no dialog, the person stays.
+    seam.QueueAnswer(false);
+    bool shown = false;
+    {
+        QTimer guard;
+        guard.setInterval(5);
+        connect(&guard, &QTimer::timeout, this, [&shown] {
+            if (auto *dialog =
+                    qobject_cast<frmMasterDetails *>(QApplication::activeModalWidget())) {
+                shown = true;
+                dialog->reject();
+            }
+        });
+        guard.start();
+        QTest::mouseClick(desk.cmdMasterDelete, Qt::LeftButton);
+        QTest::qWait(20);
+    }
+    QCOMPARE(seam.CallsStartingWith(QStringLiteral("ask|")),
+             QStringList{QStringLiteral("ask|Velmora!|The Player has been included in a "
+                                        "Tournament. Do you still want to delete the player?")});
+    QVERIFY(!shown);
+    QCOMPARE(StoredMaster(ames, "Surname"), QStringLiteral("Ames"));
+    // Yes, then Delete in the dialog: two confirmations. The entrant stays entered.
+    seam.QueueAnswer(true);
+    WhenModalShows<frmMasterDetails>(
+        [](frmMasterDetails *dialog) { QTest::mouseClick(dialog->cmdOk, Qt::LeftButton); }, &shown);
+    QTest::mouseClick(desk.cmdMasterDelete, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(seam.Count(QStringLiteral("ask|")), 2);
+    QCOMPARE(RowCount(QStringLiteral("Master")), 0);
+    QCOMPARE(desk.lstMaster->lstMaster->RowCount(), 0);
+    QVERIFY(!desk.cmdMasterUpdate->isEnabled());
+    QVERIFY(!desk.cmdAdd->isEnabled());
+    QCOMPARE(tournament->Players().Count(), 1);
+}
+
+void TestFrmPlayerList::matchTakesCodeAndGradesAndKeepsTheSelection()
+{
+    cTestSession session;
+    cScriptedInteraction seam;
+    OpenNewTournament(QStringLiteral("Desk"));
+    AddMasterPlayer(QStringLiteral("Smart"), QStringLiteral("Al"));
+    const QString smith = AddMasterPlayer(QStringLiteral("Smith"), QStringLiteral("Ann"));
+    RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name, Age, Grade, Cat, RGrade, RCat) VALUES "
+                          "('100001A', 'Smith, Alan', 'A', 120, 'A', NULL, NULL), "
+                          "('100002B', 'Smith, Ann', 'A', 155, 'B', 140, 'C')"));
+    frmPlayerList desk;
+    ShowActive(desk);
+    ChooseTab(desk, QStringLiteral("S"));
+    ClickMasterRow(desk, 1);
+    QCOMPARE(desk.lstMaster->SelKey(), smith);
+    bool shown = false;
+    QString searched;
+    WhenModalShows<frmBCFMaster>(
+        [&](frmBCFMaster *dialog) {
+            searched = dialog->lstBCF->txtSearch->text();
+            QTest::keyClicks(dialog->lstBCF->lstMaster->lstData, QStringLiteral("smith, an"));
+            QCOMPARE(dialog->cntlBCFDetails->lblCode->text(), QStringLiteral("100002B"));
+            QTest::mouseClick(dialog->cmdMatch, Qt::LeftButton);
+        },
+        &shown);
+    QTest::mouseClick(desk.cmdMatch, Qt::LeftButton);
+    QVERIFY(shown);
+    QCOMPARE(searched, QStringLiteral("Smith, A"));
+    QCOMPARE(StoredMaster(smith, "Code"), QStringLiteral("100002B"));
+    QCOMPARE(StoredMaster(smith, "Grade"), QStringLiteral("155"));
+    QCOMPARE(StoredMaster(smith, "RGrade"), QStringLiteral("140"));
+    QCOMPARE(desk.lstMaster->SelKey(), smith);
+    QCOMPARE(desk.lstMaster->SelCode(), QStringLiteral("100002B"));
+    QCOMPARE(Control().Master()->BCFCode(), QStringLiteral("100002B"));
+    // Closing the window takes nothing.
+    WhenModalShows<frmBCFMaster>(
+        [](frmBCFMaster *dialog) { QTest::mouseClick(dialog->cmdNoMatch, Qt::LeftButton); },
+        nullptr);
+    QTest::mouseClick(desk.cmdMatch, Qt::LeftButton);
+    QCOMPARE(StoredMaster(smith, "Code"), QStringLiteral("100002B"));
+    QCOMPARE(desk.lstMaster->SelKey(), smith);
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmPlayerList)
