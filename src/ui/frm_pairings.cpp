@@ -4,6 +4,7 @@
 #include "base/common.h"
 #include "base/user_interaction.h"
 #include "conduct/auto_pair.h"
+#include "conduct/tournament_pairing.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/players.h"
@@ -11,6 +12,7 @@
 #include "session/tournament.h"
 #include "ui/cntl_result_list.h"
 
+#include <QAbstractItemModel>
 #include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -20,6 +22,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -85,6 +88,8 @@ frmPairings::frmPairings(QWidget *parent) : QDialog(parent)
                            tr("Put the top pairings on the top boards"));
     cmdValidate = AddButton(QStringLiteral("cmdValidate"), tr("Validate"),
                             tr("Check the pairings and results of the round"));
+    cmdPairRound = AddButton(QStringLiteral("cmdPairRound"), tr("&Pair Round"),
+                             tr("Pair the round by the Dutch system for checking"));
     cmdOk = AddButton(QStringLiteral("cmdOk"), tr("OK"), tr("Store the round and close"));
     cmdCancel =
         AddButton(QStringLiteral("cmdCancel"), tr("Cancel"), tr("Close without storing the round"));
@@ -118,6 +123,7 @@ frmPairings::frmPairings(QWidget *parent) : QDialog(parent)
     roundCommands->addWidget(cmdRemove);
     roundCommands->addWidget(cmdReorder);
     roundCommands->addWidget(cmdValidate);
+    roundCommands->addWidget(cmdPairRound);
     roundCommands->addStretch(1);
     roundCommands->addWidget(cmdAuto);
     roundCommands->addWidget(cmdAutoPair);
@@ -137,7 +143,8 @@ frmPairings::frmPairings(QWidget *parent) : QDialog(parent)
     setTabOrder(cmdRenumber, cmdRemove);
     setTabOrder(cmdRemove, cmdReorder);
     setTabOrder(cmdReorder, cmdValidate);
-    setTabOrder(cmdValidate, cmdOk);
+    setTabOrder(cmdValidate, cmdPairRound);
+    setTabOrder(cmdPairRound, cmdOk);
     setTabOrder(cmdOk, cmdCancel);
 
     connect(cmbRound, &QComboBox::currentIndexChanged, this, &frmPairings::cmbRound_Click);
@@ -146,6 +153,10 @@ frmPairings::frmPairings(QWidget *parent) : QDialog(parent)
     connect(cmdRemove, &QPushButton::clicked, this, &frmPairings::cmdRemove_Click);
     connect(cmdReorder, &QPushButton::clicked, this, &frmPairings::cmdReorder_Click);
     connect(cmdValidate, &QPushButton::clicked, this, &frmPairings::cmdValidate_Click);
+    connect(cmdPairRound, &QPushButton::clicked, this, &frmPairings::cmdPairRound_Click);
+    // A pairing typed by hand makes the round no longer empty.
+    connect(lstResults->lstData->model(), &QAbstractItemModel::dataChanged, this,
+            &frmPairings::EnablePairRound);
     connect(cmdOk, &QPushButton::clicked, this, &frmPairings::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmPairings::cmdCancel_Click);
     connect(cmdAuto, &QPushButton::clicked, this, &frmPairings::cmdAuto_Click);
@@ -203,6 +214,12 @@ void frmPairings::EnableRoundCommands(int rows)
     cmdRemove->setEnabled(any);
     cmdReorder->setEnabled(any);
     cmdValidate->setEnabled(any);
+    EnablePairRound();
+}
+
+void frmPairings::EnablePairRound()
+{
+    cmdPairRound->setEnabled(mTournamentPairing::CanPairRound(Tournament(), SelectedRound()));
 }
 
 bool frmPairings::AcceptFirstBoard()
@@ -303,6 +320,33 @@ void frmPairings::cmdValidate_Click()
     if (!lstResults->CommitEdit())
         return;
     Tournament().ValidatePairings(SelectedRound());
+}
+
+void frmPairings::cmdPairRound_Click()
+{
+    if (!lstResults->CommitEdit() || !AcceptFirstBoard())
+        return;
+    cTournament &tournament = Tournament();
+    const qint16 round = SelectedRound();
+    if (!mTournamentPairing::CanPairRound(tournament, round)) {
+        Interaction().Beep();
+        EnablePairRound();
+        return;
+    }
+    mTournamentPairing::cPairedRound pairing;
+    {
+        cBusySection busy;
+        pairing = mTournamentPairing::PairRound(tournament, round);
+    }
+    if (!pairing.paired) {
+        Interaction().ShowMessage(pairing.message, MessageIcon::Exclamation, windowTitle());
+        return;
+    }
+    // The rows stay in memory for the director to check; OK stores them as usual.
+    mTournamentPairing::FillRound(tournament.Results(), round, pairing,
+                                  qint16(WholeValue(txtFirstBoard->text())));
+    lstResults->DisplayList(round);
+    lstResults->SetFocus();
 }
 
 void frmPairings::cmdOk_Click()

@@ -39,6 +39,7 @@ public:
     QPushButton *cmdRemove;
     QPushButton *cmdReorder;
     QPushButton *cmdValidate;
+    QPushButton *cmdPairRound;
     QPushButton *cmdOk;
     QPushButton *cmdCancel;
     QPushButton *cmdAuto;
@@ -63,6 +64,8 @@ private:
     void cmdRemove_Click();
     void cmdReorder_Click();
     void cmdValidate_Click();
+    void EnablePairRound();
+    void cmdPairRound_Click();
     void cmdOk_Click();
     void cmdCancel_Click();
     void cmdAuto_Click();

@@ -87,6 +87,10 @@ private slots:
     void openingRoutineTellsWhetherAnythingWasStored();
     void swissOfTwelveTypedFromTheKeyboard();
     void textsFitTheirControls();
+    void pairRoundByAltKeyFillsAFreshRoundOfSix();
+    void pairRoundByClickGivesFiveABye();
+    void pairRoundWaitsForAnEmptyRoundAfterACompleteOne();
+    void roundThatCannotBePairedSaysSoAndChangesNothing();
 
 private:
     void Open();
@@ -1017,6 +1021,117 @@ void TestFrmPairings::textsFitTheirControls()
                     grid->model()->headerData(column, Qt::Horizontal).toString()));
     // The whole grid is in view across: no column hides behind a scroll bar.
     QVERIFY(!grid->horizontalScrollBar()->isVisible());
+}
+
+void TestFrmPairings::pairRoundByAltKeyFillsAFreshRoundOfSix()
+{
+    for (int pin = 5; pin <= 6; ++pin)
+        players_.push_back(
+            Graded(Names[pin - 1], QString::number(200 - pin * 10), QString::number(pin)));
+    Open();
+    QCOMPARE(window_->cmdPairRound->text(), QStringLiteral("&Pair Round"));
+    QVERIFY(window_->cmdPairRound->isEnabled());
+    Key(Qt::Key_P, Qt::AltModifier);
+    // A mnemonic presses its button the way a click shows: a moment later.
+    QTRY_COMPARE(Column(Board).mid(0, 4), Texts({"  1", "  2", "  3", ""}));
+    QCOMPARE(Column(WhitePin).mid(0, 4), Texts({"  1", "  5", "  3", ""}));
+    QCOMPARE(Column(WhiteName).mid(0, 3), Texts({"Adams", "Evans", "Clark"}));
+    QCOMPARE(Column(BlackPin).mid(0, 4), Texts({"  4", "  2", "  6", ""}));
+    QCOMPARE(Column(ResultColumn).mid(0, 3), Texts({"", "", ""}));
+    // Room for everyone with 5 to spare, as any round has.
+    QCOMPARE(window_->lstResults->Rows(), 8);
+    QVERIFY(!window_->cmdPairRound->isEnabled());
+    QVERIFY(interaction_->CallsStartingWith(QStringLiteral("message|")).isEmpty());
+    // Nothing is stored until OK.
+    QCOMPARE(RowCount(QStringLiteral("Result")), 0);
+    // The director may change a pairing by hand before storing: a result on board 1.
+    QTRY_VERIFY(Inp()->hasFocus());
+    Key(Qt::Key_Tab);
+    Key(Qt::Key_Tab);
+    Type(QStringLiteral("W"));
+    Key(Qt::Key_Tab);
+    Press(window_->cmdOk);
+    QCOMPARE(RowCount(QStringLiteral("Result")), 3);
+    QCOMPARE(Stored(QStringLiteral("Select Result From Result where Board = 1")).toString(),
+             QStringLiteral("W"));
+    QCOMPARE(Stored(QStringLiteral("Select White From Result where Board = 2")).toInt(),
+             Entrant(5)->PlayerId().toInt());
+    QCOMPARE(Stored(QStringLiteral("Select Black From Result where Board = 3")).toInt(),
+             Entrant(6)->PlayerId().toInt());
+    QCOMPARE(Entrant(1)->Score(), QStringLiteral("1"));
+}
+
+void TestFrmPairings::pairRoundByClickGivesFiveABye()
+{
+    players_.push_back(Graded(Names[4], QStringLiteral("150"), QStringLiteral("5")));
+    Open();
+    QTest::mouseClick(window_->cmdPairRound, Qt::LeftButton);
+    QCOMPARE(Column(WhitePin).mid(0, 4), Texts({"  1", "  4", "  5", ""}));
+    QCOMPARE(Column(BlackPin).mid(0, 3), Texts({"  3", "  2", ""}));
+    QCOMPARE(Cell(2, WhiteName), QStringLiteral("Evans"));
+    QCOMPARE(Cell(2, BlackName), QString());
+    // The bye is the point a pairing-allocated bye brings.
+    QCOMPARE(Cell(2, ResultColumn), QStringLiteral("1 - 0"));
+    Press(window_->cmdOk);
+    QCOMPARE(RowCount(QStringLiteral("Result")), 3);
+    QCOMPARE(Stored(QStringLiteral("Select Black From Result where White = ?"),
+                    {Entrant(5)->PlayerId().toInt()})
+                 .toInt(),
+             0);
+    QCOMPARE(Entrant(5)->Score(), QStringLiteral("1"));
+}
+
+void TestFrmPairings::pairRoundWaitsForAnEmptyRoundAfterACompleteOne()
+{
+    Game(1, Entrant(1), Entrant(3), QStringLiteral("W"), QStringLiteral("1"));
+    Game(1, Entrant(4), Entrant(2), QString(), QStringLiteral("2"));
+    Control().Tournament()->Results().UpdateResults(1);
+    Open();
+    // Round 1 has its rows.
+    QVERIFY(!window_->cmdPairRound->isEnabled());
+    window_->cmbRound->setCurrentIndex(1);
+    // Round 2 waits for the last result of round 1.
+    QVERIFY(!window_->cmdPairRound->isEnabled());
+    window_.reset();
+
+    RunSql(QStringLiteral("Update Result Set Result = 'B' where Board = 2"));
+    Control().Tournament()->setCurrRound(QStringLiteral("2"));
+    Control().Tournament()->Update();
+    Open();
+    QVERIFY(window_->cmdPairRound->isEnabled());
+    // A pairing typed by hand makes the round no longer empty.
+    TypePairing(QStringLiteral("1"), QString(), QStringLiteral("2"));
+    QVERIFY(!window_->cmdPairRound->isEnabled());
+    window_.reset();
+
+    // A kind of tournament the system does not know is not paired automatically.
+    Control().Tournament()->setTType(QStringLiteral("X"));
+    Control().Tournament()->setCurrRound(QStringLiteral("3"));
+    Control().Tournament()->Update();
+    Open();
+    QVERIFY(!window_->cmdPairRound->isEnabled());
+}
+
+void TestFrmPairings::roundThatCannotBePairedSaysSoAndChangesNothing()
+{
+    for (int pin = 3; pin <= 4; ++pin) {
+        Entrant(pin)->setWithdrawn(true);
+        Entrant(pin)->Update();
+    }
+    Game(1, Entrant(1), Entrant(2), QStringLiteral("D"), QStringLiteral("1"));
+    Control().Tournament()->Results().UpdateResults(1);
+    Control().Tournament()->setCurrRound(QStringLiteral("2"));
+    Control().Tournament()->Update();
+    Open();
+    QVERIFY(window_->cmdPairRound->isEnabled());
+    Press(window_->cmdPairRound);
+    const QStringList messages = interaction_->CallsStartingWith(QStringLiteral("message|"));
+    QCOMPARE(messages.size(), 1);
+    QVERIFY2(messages[0].contains(QStringLiteral("|Round 2 cannot be paired: ")),
+             qPrintable(messages[0]));
+    QCOMPARE(Column(WhitePin).mid(0, 1), Texts({""}));
+    Press(window_->cmdOk);
+    QCOMPARE(RowCount(QStringLiteral("Result")), 1);
 }
 
 VELMORA_WIDGET_TEST_MAIN(TestFrmPairings)
