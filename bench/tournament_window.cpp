@@ -42,12 +42,12 @@ constexpr int Runs = 7;
 void FillRegister()
 {
     cTransaction transaction;
-    cPreparedSql insert(QStringLiteral(
-        "INSERT INTO Master (MasterId, Surname, Forename, Club, Code, Grade, GLett) "
-        "VALUES (?, ?, ?, ?, ?, ?, ?)"));
-    const int first = int(SqlScalar(QStringLiteral("Select ifnull(max(MasterId), 0) From Master"))
-                              .toLongLong()) +
-                      1;
+    cPreparedSql insert(
+        QStringLiteral("INSERT INTO Master (MasterId, Surname, Forename, Club, Code, Grade, GLett) "
+                       "VALUES (?, ?, ?, ?, ?, ?, ?)"));
+    const int first =
+        int(SqlScalar(QStringLiteral("Select ifnull(max(MasterId), 0) From Master")).toLongLong()) +
+        1;
     for (int id = first; id < first + MasterRows; ++id) {
         const QChar initial(u'A' + id % 26);
         insert.Run({id, QString(initial + QStringLiteral("surname") + QString::number(id % 997)),

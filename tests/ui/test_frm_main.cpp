@@ -25,39 +25,38 @@
 #include <QTimer>
 #include <QToolBar>
 
-    namespace
+namespace {
+
+QString Setting(const char *key)
 {
+    return GetSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
+                      QString::fromLatin1(key), QStringLiteral("unset"));
+}
 
-    QString Setting(const char *key)
-    {
-        return GetSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
-                          QString::fromLatin1(key), QStringLiteral("unset"));
-    }
+void SavePosition(int left, int top, int width, int height)
+{
+    const QString application = QStringLiteral("Velmora! Software");
+    const QString section = QStringLiteral("Velmora!");
+    SaveSetting(application, section, QStringLiteral("MainLeft"), QString::number(left));
+    SaveSetting(application, section, QStringLiteral("MainTop"), QString::number(top));
+    SaveSetting(application, section, QStringLiteral("MainWidth"), QString::number(width));
+    SaveSetting(application, section, QStringLiteral("MainHeight"), QString::number(height));
+}
 
-    void SavePosition(int left, int top, int width, int height)
-    {
-        const QString application = QStringLiteral("Velmora! Software");
-        const QString section = QStringLiteral("Velmora!");
-        SaveSetting(application, section, QStringLiteral("MainLeft"), QString::number(left));
-        SaveSetting(application, section, QStringLiteral("MainTop"), QString::number(top));
-        SaveSetting(application, section, QStringLiteral("MainWidth"), QString::number(width));
-        SaveSetting(application, section, QStringLiteral("MainHeight"), QString::number(height));
-    }
+void ClearPosition()
+{
+    for (const char *key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
+        SaveSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
+                    QString::fromLatin1(key), QString());
+}
 
-    void ClearPosition()
-    {
-        for (const char *key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"})
-            SaveSetting(QStringLiteral("Velmora! Software"), QStringLiteral("Velmora!"),
-                        QString::fromLatin1(key), QString());
-    }
-
-    QStringList Captions(const QMenu *menu)
-    {
-        QStringList captions;
-        for (const QAction *action : menu->actions())
-            captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-        return captions;
-    }
+QStringList Captions(const QMenu *menu)
+{
+    QStringList captions;
+    for (const QAction *action : menu->actions())
+        captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    return captions;
+}
 
 } // namespace
 

@@ -24,23 +24,22 @@
 
 #include <functional>
 
-    namespace
+namespace {
+
+void InsertOldLists()
 {
+    RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name) VALUES ('111111A', 'Old, Ann'), "
+                          "('222222B', 'Old, Bob')"));
+    RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
+                          "('OLD', 'Old Club', 'OLD', 'O')"));
+}
 
-    void InsertOldLists()
-    {
-        RunSql(QStringLiteral("INSERT INTO BCFMast (Ref, Name) VALUES ('111111A', 'Old, Ann'), "
-                              "('222222B', 'Old, Bob')"));
-        RunSql(QStringLiteral("INSERT INTO Club (Code, Club, County, \"Union\") VALUES "
-                              "('OLD', 'Old Club', 'OLD', 'O')"));
-    }
-
-    // The matching command of the Tools menu, as the refresh of the enabled commands left it.
-    QAction *AddMatchCommand(frmMain & window)
-    {
-        SetMainCommands();
-        return window.mnuTBCFMaster;
-    }
+// The matching command of the Tools menu, as the refresh of the enabled commands left it.
+QAction *AddMatchCommand(frmMain &window)
+{
+    SetMainCommands();
+    return window.mnuTBCFMaster;
+}
 
 } // namespace
 
