@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libsqlite3-dev
-          fonts-liberation2 poppler-utils strace)
+          fonts-liberation2 poppler-utils strace python3)
 
 missing=()
 for package in "${packages[@]}"; do
