@@ -1,5 +1,6 @@
 #include "ui/cntl_master_list.h"
 
+#include "register/master.h"
 #include "ui/cntl_data_list.h"
 
 #include <QHBoxLayout>
@@ -8,6 +9,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -174,4 +176,20 @@ void cntlMasterList::cmdSearch_Click()
     lstMaster->setDisplayFilter(txtSearch->text());
     lstMaster->DisplayList();
     lstMaster->SetFocus();
+}
+
+void cntlMasterList::ShowUnderOwnLetter(const QString &masterId)
+{
+    cMaster master;
+    master.Load(masterId);
+    const QString initial = master.Surname().left(1).toUpper();
+    const bool searching = Tab() == QLatin1String("?") && !txtSearch->text().isEmpty();
+    if (!searching && initial != Tab())
+        SetTab(initial);
+}
+
+void cntlMasterList::TakeFocusAfterDialog()
+{
+    SetFocus();
+    QTimer::singleShot(0, this, [this] { SetFocus(); });
 }

@@ -39,6 +39,12 @@ public:
     // Reloads the list with the filter of the selected tab.
     void DisplayList();
     void SetFocus();
+    // Selects the tab of the person's initial, so that someone just added or renamed is
+    // shown under their own letter; a search on view is left as it is.
+    void ShowUnderOwnLetter(const QString &masterId);
+    // Takes the focus now and once more after the dialog that just closed has handed it
+    // back to the command that opened it.
+    void TakeFocusAfterDialog();
 
     QWidget *fmMaster;
     cntlDataList *lstMaster;

@@ -18,7 +18,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTabWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -140,19 +139,9 @@ void frmMaster::Reload(const QString &masterId)
 
 void frmMaster::AfterChange(const QString &masterId)
 {
-    // A new person under another letter is shown under their own letter.
-    auto master = std::make_shared<cMaster>();
-    master->Load(masterId);
-    const QString initial = master->Surname().left(1).toUpper();
-    const bool searching =
-        lstMaster->Tab() == QLatin1String("?") && !lstMaster->txtSearch->text().isEmpty();
-    if (!searching && initial != lstMaster->Tab())
-        lstMaster->SetTab(initial);
+    lstMaster->ShowUnderOwnLetter(masterId);
     Reload(masterId);
-    // The dialog gives the focus back to the command that opened it as the window comes
-    // back to the front; the list takes it after that.
-    lstMaster->SetFocus();
-    QTimer::singleShot(0, lstMaster, [this] { lstMaster->SetFocus(); });
+    lstMaster->TakeFocusAfterDialog();
 }
 
 void frmMaster::cmdNew_Click()

@@ -21,7 +21,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
@@ -166,15 +165,7 @@ void frmPlayerList::lstPlayer_Click()
 
 void frmPlayerList::ShowMaster(const QString &masterId)
 {
-    // A new person under another letter is shown under their own letter, unless the
-    // register is showing a search.
-    auto master = std::make_shared<cMaster>();
-    master->Load(masterId);
-    const QString initial = master->Surname().left(1).toUpper();
-    const bool searching =
-        lstMaster->Tab() == QLatin1String("?") && !lstMaster->txtSearch->text().isEmpty();
-    if (!searching && initial != lstMaster->Tab())
-        lstMaster->SetTab(initial);
+    lstMaster->ShowUnderOwnLetter(masterId);
     lstMaster->DisplayList();
     if (!masterId.isEmpty())
         lstMaster->setSelKey(masterId);
@@ -184,10 +175,7 @@ void frmPlayerList::ShowMaster(const QString &masterId)
 
 void frmPlayerList::FocusRegister()
 {
-    // The dialog gives the focus back to the command that opened it as the window comes
-    // back to the front; the register takes it after that.
-    lstMaster->SetFocus();
-    QTimer::singleShot(0, lstMaster, [this] { lstMaster->SetFocus(); });
+    lstMaster->TakeFocusAfterDialog();
 }
 
 void frmPlayerList::cmdMasterView_Click()
