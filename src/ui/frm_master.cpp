@@ -9,6 +9,7 @@
 #include "ui/cntl_master_details.h"
 #include "ui/cntl_master_list.h"
 #include "ui/cntl_player_hist.h"
+#include "ui/command_button.h"
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_master_details.h"
 #include "ui/main_commands.h"
@@ -24,14 +25,6 @@ namespace {
 
 frmMaster *instance = nullptr;
 
-QPushButton *Command(QWidget *parent, const char *name, const QString &caption)
-{
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
 } // namespace
 
 frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
@@ -42,11 +35,11 @@ frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
     lstMaster = new cntlMasterList(this);
     lstMaster->setObjectName(QStringLiteral("lstMaster"));
     lstMaster->setDisplayType(int(DataListKind::Master));
-    cmdNew = Command(this, "cmdNew", tr("&New"));
-    cmdUpdate = Command(this, "cmdUpdate", tr("&Update"));
-    cmdDelete = Command(this, "cmdDelete", tr("&Delete"));
-    cmdView = Command(this, "cmdView", tr("&View"));
-    cmdMatch = Command(this, "cmdMatch", tr("Match to &BCF Grading List"));
+    cmdNew = NewCommand(this, "cmdNew", tr("&New"));
+    cmdUpdate = NewCommand(this, "cmdUpdate", tr("&Update"));
+    cmdDelete = NewCommand(this, "cmdDelete", tr("&Delete"));
+    cmdView = NewCommand(this, "cmdView", tr("&View"));
+    cmdMatch = NewCommand(this, "cmdMatch", tr("Match to &BCF Grading List"));
     tbMaster = new QTabWidget(this);
     tbMaster->setObjectName(QStringLiteral("tbMaster"));
     cntlDetails = new cntlMasterDetails;

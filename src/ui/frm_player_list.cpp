@@ -10,6 +10,7 @@
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_master_list.h"
 #include "ui/cntl_player_list.h"
+#include "ui/command_button.h"
 #include "ui/entrant_list.h"
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_master_details.h"
@@ -22,18 +23,6 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QVBoxLayout>
-
-namespace {
-
-QPushButton *NewCommand(QWidget *parent, const char *name, const QString &caption)
-{
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
-
-} // namespace
 
 frmPlayerList::frmPlayerList(QWidget *parent) : QDialog(parent)
 {

@@ -10,6 +10,7 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
+#include "ui/command_button.h"
 #include "ui/frm_pairings.h"
 #include "ui/frm_player_details.h"
 #include "ui/frm_player_list.h"
@@ -27,14 +28,6 @@
 namespace {
 
 frmTournament *instance = nullptr;
-
-QPushButton *NewCommand(QWidget *parent, const char *name, const QString &caption)
-{
-    auto *button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAutoDefault(false);
-    return button;
-}
 
 } // namespace
 
