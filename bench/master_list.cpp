@@ -1,9 +1,11 @@
 // The register on screen at full size: 100,000 people in the register and 100,000
 // rows in the grading list, the list control shown on the offscreen platform.
 // Prints, each on a line of its own as "label: value unit":
+//   read ahead        the list put on screen and the whole register read into memory
 //   letter tab        a letter tab of about 8,000 people, to the painted list (goal 30 ms)
 //   whole register    the search "*", 100,000 rows, to the painted list (goal 200 ms)
-//   list memory       memory the whole register adds (goal 50 MB)
+//   list memory       memory the list adds, rows read ahead and the whole register shown
+//                     (goal 50 MB)
 //   type-ahead median one key to the row selected and scrolled, over 1,000 keys in the
 //   type-ahead worst  register and 1,000 in the grading list (goals 5 ms and 10 ms)
 //   sort              a click on a heading of 100,000 rows, to the painted list (goal 150 ms)
@@ -16,6 +18,7 @@
 #include "session/globals.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_master_list.h"
+#include "ui/data_list_model.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -173,13 +176,20 @@ int main(int argc, char **argv)
     OpenFreshDatabase(root.path() + QStringLiteral("/data"));
     BuildRegisterAndList();
 
+    const double atStart = ResidentMegabytes();
     cntlMasterList window;
     window.resize(600, 700);
+
+    // The list put on screen, and the register read ahead as the list does then.
+    cStopwatch watch;
     window.show();
     Paint(window);
+    cDataListModel::Prepare(DataListKind::Master);
+    const double readAhead = watch.Processor();
+    const double readAheadClock = watch.Clock();
 
     // A letter tab: the commonest initial.
-    cStopwatch watch;
+    watch.Restart();
     window.SetTab(QStringLiteral("S"));
     Paint(window);
     const double letterTab = watch.Processor();
@@ -190,13 +200,13 @@ int main(int argc, char **argv)
     window.SetTab(QStringLiteral("?"));
     Paint(window);
     window.txtSearch->setText(QStringLiteral("*"));
-    const double before = ResidentMegabytes();
     watch.Restart();
     window.DisplayList();
     Paint(window);
     const double wholeRegister = watch.Processor();
     const double wholeRegisterClock = watch.Clock();
-    const double memory = ResidentMegabytes() - before;
+    // From before the list was made: the rows read ahead and the whole list shown.
+    const double memory = ResidentMegabytes() - atStart;
     const int allRows = window.lstMaster->RowCount();
 
     // A click on each heading, the slower counted.
@@ -228,8 +238,10 @@ int main(int argc, char **argv)
     std::printf("type-ahead in the register: median %.3f ms, worst %.3f ms; in the grading "
                 "list: median %.3f ms, worst %.3f ms\n",
                 registerMedian, registerWorst, listMedian, listWorst);
-    std::printf("clock time: letter tab %.1f ms, whole register %.1f ms, sort %.1f ms\n",
-                letterTabClock, wholeRegisterClock, sortClock);
+    std::printf("clock time: read ahead %.1f ms, letter tab %.1f ms, whole register %.1f ms, "
+                "sort %.1f ms\n",
+                readAheadClock, letterTabClock, wholeRegisterClock, sortClock);
+    std::printf("read ahead: %.1f ms\n", readAhead);
     std::printf("letter tab: %.1f ms\n", letterTab);
     std::printf("whole register: %.1f ms\n", wholeRegister);
     std::printf("list memory: %.1f MB\n", memory);

@@ -1,31 +1,12 @@
 #include "database/bulk_insert.h"
 
 #include "base/fatal_fault.h"
-#include "database/connection.h"
+#include "database/shared_handle.h"
 #include "database/sql.h"
-
-#include <QSqlDriver>
 
 #include <sqlite3.h>
 
 namespace {
-
-// The handle of the open connection, when the driver uses the very SQLite library
-// that this program links; a driver with a copy of its own must not be given our
-// calls.
-sqlite3 *SharedHandle()
-{
-    const QVariant handle = SessionConnection().driver()->handle();
-    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
-        return nullptr;
-    sqlite3 *connection = *static_cast<sqlite3 *const *>(handle.constData());
-    if (!connection)
-        return nullptr;
-    const QString version = SqlScalar(QStringLiteral("SELECT sqlite_source_id()")).toString();
-    if (version != QString::fromLatin1(sqlite3_sourceid()))
-        return nullptr;
-    return connection;
-}
 
 int ParameterCount(const QString &statement)
 {
@@ -36,7 +17,7 @@ int ParameterCount(const QString &statement)
 
 cBulkInsert::cBulkInsert(const QString &statement) : statement_(statement)
 {
-    handle_ = SharedHandle();
+    handle_ = SharedSqliteHandle();
     const int parameters = ParameterCount(statement);
     texts_.resize(parameters);
     if (!handle_) {

@@ -10,10 +10,9 @@ class cPreparedSql;
 struct sqlite3;
 struct sqlite3_stmt;
 
-// One insert statement run for every row of a long list. It speaks to SQLite
-// directly on the connection of the open database, because Qt's binding costs more
-// than the write itself for a list of a hundred thousand players. Should the
-// driver not share this program's SQLite library, it goes through cPreparedSql.
+// One insert statement run for every row of a long list, spoken to SQLite directly on
+// the connection of the open database (see SharedSqliteHandle). Should the driver not
+// share this program's SQLite library, it goes through cPreparedSql.
 // A failing row is a fatal fault, as with RunSql.
 //
 // A row is bound value by value and written by Step; a value not bound in a row is

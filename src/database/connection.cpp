@@ -27,3 +27,9 @@ QSqlDatabase SessionConnection()
                    QStringLiteral("The session has not been started."));
     return QSqlDatabase::database(*sessionConnectionName, false);
 }
+
+bool SessionConnectionOpen()
+{
+    return sessionConnectionName && QSqlDatabase::contains(*sessionConnectionName) &&
+           QSqlDatabase::database(*sessionConnectionName, false).isOpen();
+}

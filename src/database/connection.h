@@ -11,3 +11,6 @@ void clearSessionConnection();
 // The session's connection; a statement before the session has started is a fatal
 // fault of the run.
 QSqlDatabase SessionConnection();
+// True while the session has a connection and it is open, so that work done at a
+// quiet moment can tell whether there is still a database to read.
+bool SessionConnectionOpen();

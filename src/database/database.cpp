@@ -4,6 +4,7 @@
 #include "base/fatal_fault.h"
 #include "base/settings_store.h"
 #include "base/user_interaction.h"
+#include "database/content_stamp.h"
 #include "database/schema.h"
 #include "database/sql.h"
 
@@ -154,6 +155,7 @@ void cDatabase::OpenDb()
                        QStringLiteral(" does not exist."));
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
+        NoteDatabaseOpened();
         db.setDatabaseName(DataDb());
         if (!db.open())
             RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,
@@ -286,6 +288,7 @@ bool cDatabase::Create(const std::function<bool()> &fill)
     }
     {
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName_);
+        NoteDatabaseOpened();
         db.setDatabaseName(building);
         if (!db.open())
             RaiseFatal(QStringLiteral("Velmora! database"), FaultNumber::Database,

@@ -2,6 +2,7 @@
 
 #include "register/master.h"
 #include "ui/cntl_data_list.h"
+#include "ui/data_list_model.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -39,7 +40,7 @@ cntlMasterList::cntlMasterList(QWidget *parent) : QWidget(parent)
 
     searchRow = new QWidget(fmMaster);
     searchRow->setObjectName(QStringLiteral("searchRow"));
-    lblSearch = new QLabel(tr("&Name:"), searchRow);
+    lblSearch = new QLabel(tr("Na&me:"), searchRow);
     lblSearch->setObjectName(QStringLiteral("lblSearch"));
     txtSearch = new QLineEdit(searchRow);
     txtSearch->setObjectName(QStringLiteral("txtSearch"));
@@ -86,6 +87,17 @@ cntlMasterList::cntlMasterList(QWidget *parent) : QWidget(parent)
     connect(cmdSearch, &QPushButton::clicked, this, &cntlMasterList::cmdSearch_Click);
     connect(lstMaster, &cntlDataList::SelectionChanged, this, &cntlMasterList::SelectionChanged);
     connect(lstMaster, &cntlDataList::DoubleClicked, this, &cntlMasterList::DoubleClicked);
+}
+
+void cntlMasterList::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (prepared_)
+        return;
+    prepared_ = true;
+    // The whole list is read once the window is on screen, before the organiser
+    // reaches for a letter, so that the first letter tab shows at once.
+    QTimer::singleShot(0, this, [this] { cDataListModel::Prepare(DataListKind(displayType_)); });
 }
 
 void cntlMasterList::setDisplayType(qint32 value)

@@ -58,10 +58,14 @@ signals:
     void SelectionChanged();
     void DoubleClicked();
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void tabChar_Click(int index);
     void cmdSearch_Click();
     QString Filter() const;
 
     qint32 displayType_ = 0;
+    bool prepared_ = false;
 };

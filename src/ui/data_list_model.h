@@ -1,9 +1,11 @@
 #pragma once
 
+#include "ui/packed_cells.h"
+
 #include <QAbstractTableModel>
 #include <QString>
 
-#include <array>
+#include <memory>
 #include <vector>
 
 // The kinds of list that a data list shows; the numbers are those the windows keep.
@@ -46,10 +48,19 @@ public:
         DatesSortColumn = 3,
     };
     static constexpr int MaxColumns = 6;
+    // The register keeps the surname alone beside the columns shown: a letter tab
+    // looks at the surname, not at the name as shown.
+    static constexpr int RegisterSurnameColumn = 3;
+    static constexpr int RegisterColumns = 4;
 
     explicit cDataListModel(QObject *parent = nullptr);
 
     static int ColumnCountOf(DataListKind kind);
+
+    // Reads the whole register or grading list ahead, at a quiet moment, so that the
+    // first letter tab shows at once; a later load reads it again only when the
+    // database has changed.
+    static void Prepare(DataListKind kind);
 
     // Reads the rows of the kind. The filter is the one the control stores: "" for
     // every row; for the register and the grading list any other text keeps the names
@@ -61,7 +72,7 @@ public:
     void SortBy(int column, bool descending);
 
     DataListKind Kind() const { return kind_; }
-    int RowCount() const { return int(rows_.size()); }
+    int RowCount() const { return int(order_.size()); }
     QString Cell(int row, int column) const;
     bool Withdrawn(int row) const;
 
@@ -82,23 +93,23 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
-    struct cRow
-    {
-        std::array<QString, MaxColumns> cells;
-    };
-
-    void ReadRegister(const QString &filter);
-    void ReadEntrants();
-    void ReadClubs();
-    void ReadTournaments();
-    void ReadBCFList(const QString &filter);
+    // The whole register or grading list, read again only when the database may have
+    // changed since it was last read; lists of several windows share it.
+    static std::shared_ptr<const cPackedCells> WholeList(DataListKind kind);
+    // Shows the rows of the whole list whose name starts with the filter, "" all.
+    void KeepRowsStartingWith(const QString &filter);
     // The first row, from the start, whose search column in capitals starts with the
     // text, or -1; the rows must be sorted on that column.
     int HalveFor(const QString &upperText) const;
     bool SortedOnSearchColumn() const;
+    // The row numbers in the text order of a column, in capitals; equal texts keep
+    // the order they had.
+    std::vector<int> SortedOrder(int column, bool descending) const;
 
     DataListKind kind_ = DataListKind::Master;
-    std::vector<cRow> rows_;
+    std::shared_ptr<const cPackedCells> cells_;
+    // The stored row shown at each place, in the present order.
+    std::vector<int> order_;
     int sortColumn_ = -1;
     bool descending_ = false;
 };

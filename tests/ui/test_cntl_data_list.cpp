@@ -13,10 +13,13 @@
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QSqlQuery>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
@@ -67,6 +70,9 @@ private slots:
     void anEmptyFilterShowsNoRowsAndAStarShowsAll();
     void aLetterFilterShowsTheNamesThatStartWithIt();
     void percentAndUnderscoreFindOnlyNamesHoldingThem();
+    void aFilterFindsWhatTheEnginesLikeFinds();
+    void rowsWrittenAfterAListWasShownAppearOnTheNextLoad();
+    void aDatabaseOpenedAfreshIsReadAfresh();
     void eachKindShowsItsHeadings();
     void typingFindsTheFirstNameAndShowsTheText();
     void typingAfterFiveSecondsStartsAfresh();
@@ -74,6 +80,7 @@ private slots:
     void typedTextWithoutMatchSelectsTheFirstRow();
     void gradingListTakesTheLongestStartReached();
     void halvingFindsWhatTheWalkFinds();
+    void aSortIsTheOrderOfCapitalsAndEqualTextsKeepTheirOrder();
     void datesSortNewestFirstThenOldestFirst();
     void nameHeadingSortsAscendingThenDescending();
     void aSortKeepsTheSelectedRowByItsKey();
@@ -187,6 +194,99 @@ void TestCntlDataList::percentAndUnderscoreFindOnlyNamesHoldingThem()
     list.setDisplayFilter(QStringLiteral("O'Brien \""));
     list.DisplayList();
     QCOMPARE(ShownNames(list), QStringList{QStringLiteral("O'Brien \"<&>\", Ed")});
+}
+
+void TestCntlDataList::aFilterFindsWhatTheEnginesLikeFinds()
+{
+    // Letters beyond ASCII match only in the case typed, ASCII letters in either case,
+    // a missing surname never, and a filter of blanks every surname there is.
+    const QStringList surnames{
+        QStringLiteral("smith"),      QStringLiteral("Smith"),       QStringLiteral("\u00e9mile"),
+        QStringLiteral("\u00c9mile"), QStringLiteral("stra\u00dfe"), QStringLiteral("STRASSE"),
+        QStringLiteral("O'Brien"),    QStringLiteral("o'brien"),     QStringLiteral("50%"),
+        QStringLiteral("a_b"),        QStringLiteral("\u0131van"),   QStringLiteral("Ivan"),
+        QStringLiteral("S"),          QStringLiteral(" Smith")};
+    int id = 0;
+    for (const QString &surname : surnames)
+        AddMaster(++id, surname, QStringLiteral("F"));
+    RunSql(QStringLiteral("INSERT INTO Master (MasterId, Forename) VALUES (?, 'NoSurname')"),
+           {++id});
+    const QStringList filters{
+        QStringLiteral("s"),      QStringLiteral("S"),          QStringLiteral("\u00e9"),
+        QStringLiteral("\u00c9"), QStringLiteral("stra\u00df"), QStringLiteral("o'"),
+        QStringLiteral("50%"),    QStringLiteral("a_"),         QStringLiteral("i"),
+        QStringLiteral("   "),    QStringLiteral(" sm"),        QStringLiteral("Smithy")};
+    for (const QString &filter : filters) {
+        QString pattern;
+        for (const QChar c : filter.trimmed().toUpper()) {
+            if (c == u'%' || c == u'_' || c == u'\\')
+                pattern += u'\\';
+            pattern += c;
+        }
+        pattern += u'%';
+        QStringList expected;
+        QSqlQuery query = RunSql(QStringLiteral("SELECT MasterId FROM Master WHERE Surname "
+                                                "LIKE ? ESCAPE '\\' ORDER BY MasterId"),
+                                 {pattern});
+        while (query.next())
+            expected << query.value(0).toString();
+        cDataListModel model;
+        model.Load(DataListKind::Master, filter);
+        QStringList shown;
+        for (int row = 0; row < model.RowCount(); ++row)
+            shown << model.Cell(row, cDataListModel::KeyColumn);
+        QVERIFY2(shown == expected, qPrintable(filter + QStringLiteral(": ") + shown.join(u',') +
+                                               QStringLiteral(" / ") + expected.join(u',')));
+    }
+}
+
+void TestCntlDataList::rowsWrittenAfterAListWasShownAppearOnTheNextLoad()
+{
+    AddMaster(1, QStringLiteral("Adams"), QStringLiteral("Ann"));
+    AddGraded(QStringLiteral("100001A"), QStringLiteral("Adams, Ann"));
+    cntlDataList list;
+    list.setDisplayType(int(DataListKind::Master));
+    list.setDisplayFilter(QStringLiteral("*"));
+    list.DisplayList();
+    QCOMPARE(list.RowCount(), 1);
+
+    AddMaster(2, QStringLiteral("Baker"), QStringLiteral("Bob"));
+    list.DisplayList();
+    QCOMPARE(ShownNames(list),
+             QStringList({QStringLiteral("Adams, Ann"), QStringLiteral("Baker, Bob")}));
+    RunSql(QStringLiteral("UPDATE Master SET Surname = 'Aaron' WHERE MasterId = 2"));
+    list.DisplayList();
+    QCOMPARE(ShownNames(list),
+             QStringList({QStringLiteral("Aaron, Bob"), QStringLiteral("Adams, Ann")}));
+    RunSql(QStringLiteral("DELETE FROM Master WHERE MasterId = 1"));
+    list.DisplayList();
+    QCOMPARE(ShownNames(list), QStringList({QStringLiteral("Aaron, Bob")}));
+
+    list.setDisplayType(int(DataListKind::BCFList));
+    list.setDisplayFilter(QStringLiteral("*"));
+    list.DisplayList();
+    QCOMPARE(list.RowCount(), 1);
+    RunSql(QStringLiteral("DELETE FROM BCFMast"));
+    list.DisplayList();
+    QCOMPARE(list.RowCount(), 0);
+}
+
+void TestCntlDataList::aDatabaseOpenedAfreshIsReadAfresh()
+{
+    AddMaster(1, QStringLiteral("Adams"), QStringLiteral("Ann"));
+    {
+        cDataListModel model;
+        model.Load(DataListKind::Master, QString());
+        QCOMPARE(model.RowCount(), 1);
+    }
+    // A fresh database whose count of written rows may match the one before.
+    session_.reset();
+    session_ = std::make_unique<cTestSession>();
+    AddMaster(7, QStringLiteral("Young"), QStringLiteral("Yvonne"));
+    cDataListModel model;
+    model.Load(DataListKind::Master, QString());
+    QCOMPARE(model.RowCount(), 1);
+    QCOMPARE(model.Cell(0, cDataListModel::NameColumn), QStringLiteral("Young, Yvonne"));
 }
 
 void TestCntlDataList::eachKindShowsItsHeadings()
@@ -361,6 +461,58 @@ void TestCntlDataList::halvingFindsWhatTheWalkFinds()
                 const QString typed = randomText(1 + random.bounded(5));
                 QCOMPARE(model.FindName(typed), model.WalkName(typed));
             }
+        }
+    }
+}
+
+void TestCntlDataList::aSortIsTheOrderOfCapitalsAndEqualTextsKeepTheirOrder()
+{
+    // Long shared starts, letters beyond ASCII whose capitals differ in length or need
+    // two code units, and empty and missing names: the order must be the one that a
+    // plain comparison of the capitals gives, rows of equal capitals in stored order.
+    QRandomGenerator random(29);
+    const QStringList pieces{QStringLiteral("smith"),      QStringLiteral("Smith"),
+                             QStringLiteral("a"),          QStringLiteral("\u00e9"),
+                             QStringLiteral("\u00df"),     QStringLiteral("\u01c6"),
+                             QStringLiteral("\U00010428"), QStringLiteral("Z"),
+                             QStringLiteral(" "),          QStringLiteral("-")};
+    const auto randomText = [&] {
+        QString text;
+        for (int i = random.bounded(4); i > 0; --i)
+            text += pieces.at(random.bounded(pieces.size()));
+        return text;
+    };
+    for (int i = 1; i <= 400; ++i) {
+        const QString surname = randomText();
+        if (i % 50 == 0)
+            RunSql(QStringLiteral("INSERT INTO Master (MasterId, Forename) VALUES (?, ?)"),
+                   {i, randomText()});
+        else
+            AddMaster(i, surname, randomText(), randomText().left(7));
+    }
+    for (int column : {1, 2}) {
+        for (bool descending : {false, true}) {
+            cDataListModel model;
+            model.Load(DataListKind::Master, QString());
+            QList<int> stored;
+            for (int row = 0; row < model.RowCount(); ++row)
+                stored << row;
+            QStringList keys;
+            for (int row = 0; row < model.RowCount(); ++row)
+                keys << model.Cell(row, column).toUpper();
+            QList<int> expected = stored;
+            std::stable_sort(expected.begin(), expected.end(), [&](int a, int b) {
+                const int difference = QString::compare(keys[a], keys[b]);
+                return descending ? difference > 0 : difference < 0;
+            });
+            QStringList expectedKeys;
+            for (int row : expected)
+                expectedKeys << model.Cell(row, cDataListModel::KeyColumn);
+            model.SortBy(column, descending);
+            QStringList sortedKeys;
+            for (int row = 0; row < model.RowCount(); ++row)
+                sortedKeys << model.Cell(row, cDataListModel::KeyColumn);
+            QCOMPARE(sortedKeys, expectedKeys);
         }
     }
 }
