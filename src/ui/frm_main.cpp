@@ -214,6 +214,13 @@ void frmMain::RestorePosition()
 {
     move(ReadPixels(LeftKey), ReadPixels(TopKey));
     resize(ReadPixels(WidthKey), ReadPixels(HeightKey));
+    // Until the organiser has left a size of their own, the window grows from its
+    // default to show the whole of what it holds, as far as the screen has room.
+    const bool sizeLeft = !GetSetting(AppInfo::WindowSettingsApplication(), AppInfo::Title(),
+                                      QString::fromLatin1(WidthKey.key), QString())
+                               .isEmpty();
+    if (!sizeLeft && screen())
+        resize(size().expandedTo(sizeHint().boundedTo(screen()->availableGeometry().size())));
 }
 
 void frmMain::SavePosition()

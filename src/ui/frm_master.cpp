@@ -5,6 +5,7 @@
 #include "register/master.h"
 #include "session/control.h"
 #include "session/globals.h"
+#include "ui/alt_letters.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_master_details.h"
 #include "ui/cntl_master_list.h"
@@ -22,6 +23,21 @@
 #include <QVBoxLayout>
 
 namespace {
+
+// A scroll area that asks for room for the whole of what it holds, so that a window
+// opens large enough to show it; it scrolls only in a window made smaller.
+class cWholeScrollArea : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+    QSize sizeHint() const override
+    {
+        if (!widget())
+            return QScrollArea::sizeHint();
+        const int frame = 2 * frameWidth();
+        return widget()->sizeHint() + QSize(frame, frame);
+    }
+};
 
 frmMaster *instance = nullptr;
 
@@ -43,9 +59,10 @@ frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
     tbMaster = new QTabWidget(this);
     tbMaster->setObjectName(QStringLiteral("tbMaster"));
     cntlDetails = new cntlMasterDetails;
+    DropAltLetters(cntlDetails);
     cntlHist = new cntlPlayerHist(tbMaster);
     // A small main window scrolls the details rather than cutting them.
-    auto *detailsArea = new QScrollArea(tbMaster);
+    auto *detailsArea = new cWholeScrollArea(tbMaster);
     detailsArea->setWidget(cntlDetails);
     detailsArea->setWidgetResizable(true);
     detailsArea->setFrameShape(QFrame::NoFrame);

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -83,9 +84,23 @@ private slots:
 void TestFrmMain::defaultPositionComesFromTwips()
 {
     cTestSession session;
+    {
+        // The first time, the default grows to show the whole master view where the
+        // screen has room, and never shrinks below it.
+        frmMain window;
+        const QSize room = window.screen()->availableGeometry().size();
+        const QSize wanted = window.sizeHint().boundedTo(room);
+        QCOMPARE(window.size(), QSize(12200 / 15, 8100 / 15).expandedTo(wanted));
+        QCOMPARE(window.windowTitle(), QStringLiteral("Velmora!"));
+        window.close();
+    }
+    // A size the organiser left is kept as it was, even a small one.
+    SaveSetting(AppInfo::WindowSettingsApplication(), AppInfo::Title(), QStringLiteral("MainWidth"),
+                QStringLiteral("9000"));
+    SaveSetting(AppInfo::WindowSettingsApplication(), AppInfo::Title(),
+                QStringLiteral("MainHeight"), QStringLiteral("6000"));
     frmMain window;
-    QCOMPARE(window.size(), QSize(12200 / 15, 8100 / 15));
-    QCOMPARE(window.windowTitle(), QStringLiteral("Velmora!"));
+    QCOMPARE(window.size(), QSize(9000 / 15, 6000 / 15));
 }
 
 void TestFrmMain::positionIsRestoredFromSettings()
