@@ -114,21 +114,6 @@ std::string Lines(std::initializer_list<const char *> lines)
     return text;
 }
 
-// A player line of the file: number, name, rating, then "opponent colour result"
-// blocks of ten columns.
-std::string PlayerLine(int number, const std::string &name, int rating,
-                       std::initializer_list<const char *> rounds)
-{
-    char head[128];
-    std::snprintf(head, sizeof head, "001 %4d      %-33s %4s %3s %11s %10s %4s %4s", number,
-                  name.c_str(), rating ? std::to_string(rating).c_str() : "", "", "", "", "0.0",
-                  "");
-    std::string line = head;
-    for (const char *round : rounds)
-        line += std::string("  ") + round;
-    return line + "\n";
-}
-
 } // namespace
 
 void TestTrfTournament::init()
@@ -271,9 +256,9 @@ void TestTrfTournament::entrantsAreTakenFromTheRegisterByName()
     const qint64 people = RowCount(QStringLiteral("Master"));
 
     const std::string text = Lines({"012 Club Championship", "092 BCF Standard"}) +
-                             PlayerLine(1, "SMITH, john", 150, {}) +
-                             PlayerLine(2, "Newman, Ann", 120, {}) +
-                             PlayerLine(3, "Smith, John", 90, {});
+                             TrfPlayerLine(1, "SMITH, john", 150, {}) +
+                             TrfPlayerLine(2, "Newman, Ann", 120, {}) +
+                             TrfPlayerLine(3, "Smith, John", 90, {});
     const cTrfImport imported = ImportTrf(text);
     QVERIFY2(imported.ok, qPrintable(imported.message));
     cPlayers &players = imported.tournament->Players();
@@ -306,12 +291,12 @@ void TestTrfTournament::fileCodesBecomeStoredResults()
 {
     // Forfeits with opponents, a full-point bye, a half-point bye, a zero-point bye
     // and an absence, over two rounds.
-    const std::string text = PlayerLine(1, "One", 0, {"   2 w +", "0000 - F"}) +
-                             PlayerLine(2, "Two", 0, {"   1 b -", "0000 - H"}) +
-                             PlayerLine(3, "Three", 0, {"   4 b +", "0000 - Z"}) +
-                             PlayerLine(4, "Four", 0, {"   3 w -", "0000 - -"}) +
-                             PlayerLine(5, "Five", 0, {"0000 - U", "   6 b W"}) +
-                             PlayerLine(6, "Six", 0, {"0000 - -", "   5 w L"});
+    const std::string text = TrfPlayerLine(1, "One", 0, {"   2 w +", "0000 - F"}) +
+                             TrfPlayerLine(2, "Two", 0, {"   1 b -", "0000 - H"}) +
+                             TrfPlayerLine(3, "Three", 0, {"   4 b +", "0000 - Z"}) +
+                             TrfPlayerLine(4, "Four", 0, {"   3 w -", "0000 - -"}) +
+                             TrfPlayerLine(5, "Five", 0, {"0000 - U", "   6 b W"}) +
+                             TrfPlayerLine(6, "Six", 0, {"0000 - -", "   5 w L"});
     const cTrfImport imported = ImportTrf(text);
     QVERIFY2(imported.ok, qPrintable(imported.message));
     QCOMPARE(Games(*imported.tournament), Texts({"1.1 One-Two W", "1.2 Four-Three B", "1.3 Five- W",
@@ -330,32 +315,34 @@ void TestTrfTournament::refusedFileWritesNothing_data()
                                               "number above 0.");
     QTest::newRow("results that disagree")
         << QByteArray(
-               (PlayerLine(1, "One", 0, {"   2 w 1"}) + PlayerLine(2, "Two", 0, {"   1 b ="}))
+               (TrfPlayerLine(1, "One", 0, {"   2 w 1"}) + TrfPlayerLine(2, "Two", 0, {"   1 b ="}))
                    .c_str())
         << QStringLiteral("Line 1: the results '1' and '=' of round 1 against player 2 do not go "
                           "together.");
     QTest::newRow("round beyond the rounds")
-        << QByteArray((Lines({"012 Open"}) + PlayerLine(1, "One", 0, {"0000 - U", "0000 - U"}) +
-                       PlayerLine(2, "Two", 0, {}) + Lines({"XXR 1"}))
+        << QByteArray((Lines({"012 Open"}) + TrfPlayerLine(1, "One", 0, {"0000 - U", "0000 - U"}) +
+                       TrfPlayerLine(2, "Two", 0, {}) + Lines({"XXR 1"}))
                           .c_str())
         << QStringLiteral("Line 2: round 2 is beyond the 1 rounds of the XXR line.");
     QTest::newRow("rounds the database cannot hold")
-        << QByteArray((PlayerLine(1, "One", 0, {}) + Lines({"XXR 40000"})).c_str())
+        << QByteArray((TrfPlayerLine(1, "One", 0, {}) + Lines({"XXR 40000"})).c_str())
         << QStringLiteral("Line 2: a tournament can hold at most 32767 rounds.");
     QTest::newRow("unknown opponent")
-        << QByteArray((PlayerLine(1, "One", 0, {"   7 w 1"}) + PlayerLine(2, "Two", 0, {})).c_str())
+        << QByteArray(
+               (TrfPlayerLine(1, "One", 0, {"   7 w 1"}) + TrfPlayerLine(2, "Two", 0, {})).c_str())
         << QStringLiteral("Line 1: the opponent 7 in round 1 is not another player.");
     QTest::newRow("pairing number out of range")
-        << QByteArray((PlayerLine(1, "One", 0, {}) + PlayerLine(3, "Three", 0, {})).c_str())
+        << QByteArray((TrfPlayerLine(1, "One", 0, {}) + TrfPlayerLine(3, "Three", 0, {})).c_str())
         << QStringLiteral("Line 2: the pairing number 3 is beyond the 2 players.");
     QTest::newRow("surname too long")
-        << QByteArray(
-               (PlayerLine(1, "One", 0, {}) + PlayerLine(2, "Featherstonehaugh-Smythe, Jo", 0, {}))
-                   .c_str())
+        << QByteArray((TrfPlayerLine(1, "One", 0, {}) +
+                       TrfPlayerLine(2, "Featherstonehaugh-Smythe, Jo", 0, {}))
+                          .c_str())
         << QStringLiteral("Line 2: the surname \"Featherstonehaugh-Smythe\" is longer than 20 "
                           "characters.");
     QTest::newRow("date")
-        << QByteArray((Lines({"012 Open", "042 5th April"}) + PlayerLine(1, "One", 0, {})).c_str())
+        << QByteArray(
+               (Lines({"012 Open", "042 5th April"}) + TrfPlayerLine(1, "One", 0, {})).c_str())
         << QStringLiteral("Line 2: the date \"5th April\" is not a date written "
                           "yyyy/mm/dd.");
 }
