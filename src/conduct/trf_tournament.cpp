@@ -14,6 +14,7 @@
 
 #include <QDate>
 #include <QHash>
+#include <QStringDecoder>
 
 #include <algorithm>
 #include <numeric>
@@ -323,6 +324,17 @@ std::optional<cTrfImport> PlanEntrants(const mSwiss::cTrfFile &file, cPlan &plan
     return std::nullopt;
 }
 
+// Names come as UTF-8, as this program writes them; a file that is not UTF-8 was
+// written in Latin-1 by an older program.
+std::string Utf8Text(const std::string &text)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString decoded = utf8(QByteArrayView(text.data(), qsizetype(text.size())));
+    if (!utf8.hasError())
+        return text;
+    return QString::fromLatin1(text.data(), qsizetype(text.size())).toStdString();
+}
+
 // The open tournament goes back to what it was unless the import finishes.
 class cOpenTournamentKept
 {
@@ -478,7 +490,7 @@ std::string TrfTextOfTournament(cTournament &tournament)
 
 cTrfImport ImportTrf(const std::string &text)
 {
-    const mSwiss::cTrfReading reading = mSwiss::ReadTrf(text);
+    const mSwiss::cTrfReading reading = mSwiss::ReadTrf(Utf8Text(text));
     if (!reading.ok) {
         cTrfImport refused;
         refused.message = QString::fromStdString(reading.message);

@@ -28,7 +28,8 @@ class cTournament;
 // default, nor between the kinds of full-point bye, so those come back as a played
 // win and as the pairing-allocated bye. The file keeps no board numbers: a file's
 // round is put on boards from 1 in the order of the higher-placed player of each
-// game, its byes after the games.
+// game, its byes after the games. The file's name line (012) holds the title, ": "
+// and the event, and is read back split at its first ": ".
 namespace mTrfTournament {
 
 // The tournament's entrants by pairing number (the pin order of the pairing), their

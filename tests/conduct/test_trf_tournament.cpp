@@ -25,6 +25,7 @@ private slots:
     void importOpensTheNewTournament();
     void entrantsAreTakenFromTheRegisterByName();
     void fileCodesBecomeStoredResults();
+    void latin1NamesAreRead();
     void refusedFileWritesNothing_data();
     void refusedFileWritesNothing();
 
@@ -303,6 +304,16 @@ void TestTrfTournament::fileCodesBecomeStoredResults()
                                                  "2.1 Six-Five B", "2.2 One- W", "2.3 Two- D"}));
     QCOMPARE(imported.tournament->Rounds(), QStringLiteral("2"));
     QCOMPARE(imported.tournament->CurrRound(), QStringLiteral("2"));
+}
+
+void TestTrfTournament::latin1NamesAreRead()
+{
+    const std::string text = TrfPlayerLine(1, "M\xfcller, J\xfcrgen", 0, {});
+    const cTrfImport imported = ImportTrf(text);
+    QVERIFY2(imported.ok, qPrintable(imported.message));
+    const auto player = imported.tournament->Players().item(QStringLiteral("1"));
+    QCOMPARE(player->Surname(), QStringLiteral("M\u00fcller"));
+    QCOMPARE(player->Forename(), QStringLiteral("J\u00fcrgen"));
 }
 
 void TestTrfTournament::refusedFileWritesNothing_data()
