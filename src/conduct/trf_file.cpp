@@ -214,12 +214,12 @@ cTrfReading ReadTrf(const std::string &text)
     std::vector<int> slot(size_t(count) + 1, -1);
     for (int i = 0; i < count; ++i) {
         const int number = read[size_t(i)].first.number;
+        const int line = read[size_t(i)].second.line;
         if (number > count)
-            return Refused(read[size_t(i)].second.line,
-                           "the pairing number " + std::to_string(number) + " is beyond the " +
-                               std::to_string(count) + " players.");
+            return Refused(line, "the pairing number " + std::to_string(number) +
+                                     " is beyond the " + std::to_string(count) + " players.");
         if (slot[size_t(number)] >= 0)
-            return Refused(read[size_t(i)].second.line,
+            return Refused(line,
                            "the pairing number " + std::to_string(number) + " is given twice.");
         slot[size_t(number)] = i;
     }
@@ -228,29 +228,26 @@ cTrfReading ReadTrf(const std::string &text)
         rounds = std::max(rounds, entrant.games.size());
     for (int i = 0; i < count; ++i) {
         const cSwissEntrant &entrant = read[size_t(i)].first;
+        const int line = read[size_t(i)].second.line;
         for (size_t r = 0; r < entrant.games.size(); ++r) {
             const cSwissGame &game = entrant.games[r];
             const std::string where = " in round " + std::to_string(r + 1);
             if (game.opponent == 0) {
                 if (game.result == ' ' ||
                     std::string("10=WDL").find(game.result) != std::string::npos)
-                    return Refused(read[size_t(i)].second.line,
-                                   "a game without an opponent" + where + ".");
+                    return Refused(line, "a game without an opponent" + where + ".");
                 continue;
             }
             if (game.opponent > count || game.opponent == entrant.number)
-                return Refused(read[size_t(i)].second.line, "the opponent " +
-                                                                std::to_string(game.opponent) +
-                                                                where + " is not another player.");
+                return Refused(line, "the opponent " + std::to_string(game.opponent) + where +
+                                         " is not another player.");
             const cSwissEntrant &other = read[size_t(slot[size_t(game.opponent)])].first;
             if (r >= other.games.size() || other.games[r].opponent != entrant.number ||
                 other.games[r].colour != Opposite(game.colour))
-                return Refused(read[size_t(i)].second.line,
-                               "the opponent " + std::to_string(game.opponent) + where +
-                                   " does not have this player " + "with the other colour.");
+                return Refused(line, "the opponent " + std::to_string(game.opponent) + where +
+                                         " does not have this player " + "with the other colour.");
             if (game.result == ' ' && r + 1 != rounds)
-                return Refused(read[size_t(i)].second.line,
-                               "a game without a result" + where + ".");
+                return Refused(line, "a game without a result" + where + ".");
         }
     }
     for (int number = 1; number <= count; ++number) {
