@@ -97,7 +97,6 @@ cTrfReading ReadTrf(const std::string &text)
 {
     cTrfReading reading;
     cTrfFile &file = reading.file;
-    std::vector<int> lineOf; // by entrant, for the cross checks
     std::vector<std::pair<cSwissEntrant, cTrfPlayer>> read;
     int lineNumber = 0;
     size_t start = 0;
@@ -119,6 +118,7 @@ cTrfReading ReadTrf(const std::string &text)
         const std::string rest = line.size() > 4 ? line.substr(4) : std::string();
         if (HeaderCodes.count(code)) {
             file.headers.emplace_back(code, rest);
+            file.headerLines.push_back(lineNumber);
             continue;
         }
         if (code == "XXR") {
@@ -128,6 +128,7 @@ cTrfReading ReadTrf(const std::string &text)
                                                "\" is not a whole number above 0.");
             file.tournament.rounds = rounds;
             file.roundsGiven = true;
+            file.roundsLine = lineNumber;
             continue;
         }
         if (code == "XXC") {
@@ -144,6 +145,7 @@ cTrfReading ReadTrf(const std::string &text)
 
         cSwissEntrant entrant;
         cTrfPlayer player;
+        player.line = lineNumber;
         if (!Whole(Field(line, NumberAt, NumberWidth), entrant.number) || entrant.number < 1)
             return Refused(lineNumber, "the pairing number \"" +
                                            Field(line, NumberAt, NumberWidth) +
@@ -205,7 +207,6 @@ cTrfReading ReadTrf(const std::string &text)
             entrant.games.push_back(game);
         }
         read.emplace_back(entrant, player);
-        lineOf.push_back(lineNumber);
     }
 
     // Pairing numbers run from 1 without gaps; every opponent points back.
@@ -213,12 +214,12 @@ cTrfReading ReadTrf(const std::string &text)
     std::vector<int> slot(size_t(count) + 1, -1);
     for (int i = 0; i < count; ++i) {
         const int number = read[size_t(i)].first.number;
+        const int line = read[size_t(i)].second.line;
         if (number > count)
-            return Refused(lineOf[size_t(i)], "the pairing number " + std::to_string(number) +
-                                                  " is beyond the " + std::to_string(count) +
-                                                  " players.");
+            return Refused(line, "the pairing number " + std::to_string(number) +
+                                     " is beyond the " + std::to_string(count) + " players.");
         if (slot[size_t(number)] >= 0)
-            return Refused(lineOf[size_t(i)],
+            return Refused(line,
                            "the pairing number " + std::to_string(number) + " is given twice.");
         slot[size_t(number)] = i;
     }
@@ -227,26 +228,26 @@ cTrfReading ReadTrf(const std::string &text)
         rounds = std::max(rounds, entrant.games.size());
     for (int i = 0; i < count; ++i) {
         const cSwissEntrant &entrant = read[size_t(i)].first;
+        const int line = read[size_t(i)].second.line;
         for (size_t r = 0; r < entrant.games.size(); ++r) {
             const cSwissGame &game = entrant.games[r];
             const std::string where = " in round " + std::to_string(r + 1);
             if (game.opponent == 0) {
                 if (game.result == ' ' ||
                     std::string("10=WDL").find(game.result) != std::string::npos)
-                    return Refused(lineOf[size_t(i)], "a game without an opponent" + where + ".");
+                    return Refused(line, "a game without an opponent" + where + ".");
                 continue;
             }
             if (game.opponent > count || game.opponent == entrant.number)
-                return Refused(lineOf[size_t(i)], "the opponent " + std::to_string(game.opponent) +
-                                                      where + " is not another player.");
+                return Refused(line, "the opponent " + std::to_string(game.opponent) + where +
+                                         " is not another player.");
             const cSwissEntrant &other = read[size_t(slot[size_t(game.opponent)])].first;
             if (r >= other.games.size() || other.games[r].opponent != entrant.number ||
                 other.games[r].colour != Opposite(game.colour))
-                return Refused(lineOf[size_t(i)], "the opponent " + std::to_string(game.opponent) +
-                                                      where + " does not have this player " +
-                                                      "with the other colour.");
+                return Refused(line, "the opponent " + std::to_string(game.opponent) + where +
+                                         " does not have this player " + "with the other colour.");
             if (game.result == ' ' && r + 1 != rounds)
-                return Refused(lineOf[size_t(i)], "a game without a result" + where + ".");
+                return Refused(line, "a game without a result" + where + ".");
         }
     }
     for (int number = 1; number <= count; ++number) {

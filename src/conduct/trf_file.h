@@ -21,15 +21,18 @@ struct cTrfPlayer
     std::string birthDate;
     int halfPoints = 0;
     int rank = 0;
+    int line = 0; // where the reader met it; not written
 };
 
 struct cTrfFile
 {
     // Header lines other than the player lines and the extensions, as code and text.
     std::vector<std::pair<std::string, std::string>> headers;
+    std::vector<int> headerLines; // beside headers, where the reader met them
     cSwissTournament tournament;
     std::vector<cTrfPlayer> players; // beside tournament.entrants
     bool roundsGiven = false;        // an XXR line is written
+    int roundsLine = 0;              // where the reader met the XXR line
     bool colourGiven = false;        // an XXC line is written
 
     // The header text of a code ("012" the tournament's name), empty when absent.

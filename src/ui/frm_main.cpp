@@ -5,6 +5,7 @@
 #include "base/common.h"
 #include "base/settings_store.h"
 #include "base/user_interaction.h"
+#include "conduct/trf_tournament.h"
 #include "database/database.h"
 #include "database/sql.h"
 #include "register/master.h"
@@ -16,6 +17,7 @@
 #include "session/tournament.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_tournament.h"
+#include "ui/file_locations.h"
 #include "ui/frm_about.h"
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_export.h"
@@ -29,10 +31,13 @@
 #include "ui/frm_tournament_open.h"
 #include "ui/main_commands.h"
 #include "ui/twips.h"
+#include "ui/whole_file_writer.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFile>
 #include <QMenuBar>
 #include <QStackedWidget>
 #include <QToolBar>
@@ -82,6 +87,10 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     mnuFileCopy = AddCommand(mnuFile, QStringLiteral("mnuFileCopy"), tr("&Copy Tournament..."));
     mnuFileDelete =
         AddCommand(mnuFile, QStringLiteral("mnuFileDelete"), tr("&Delete Tournament..."));
+    mnuFileExportTRF =
+        AddCommand(mnuFile, QStringLiteral("mnuFileExportTRF"), tr("&Export TRF..."));
+    mnuFileImportTRF =
+        AddCommand(mnuFile, QStringLiteral("mnuFileImportTRF"), tr("&Import TRF..."));
     mnuFile->addSeparator()->setObjectName(QStringLiteral("mnuFileSep4"));
     mnuPrint = AddCommand(mnuFile, QStringLiteral("mnuPrint"), tr("&Print..."));
     mnuPPrintSetup = AddCommand(mnuFile, QStringLiteral("mnuPPrintSetup"), tr("Print setup..."));
@@ -172,6 +181,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     connect(tbrOpenTournament, &QAction::triggered, this, &frmMain::mnuFileOpen_Click);
     connect(mnuFileCopy, &QAction::triggered, this, &frmMain::mnuFileCopy_Click);
     connect(mnuFileDelete, &QAction::triggered, this, &frmMain::mnuFileDelete_Click);
+    connect(mnuFileExportTRF, &QAction::triggered, this, &frmMain::mnuFileExportTRF_Click);
+    connect(mnuFileImportTRF, &QAction::triggered, this, &frmMain::mnuFileImportTRF_Click);
     connect(mnuTRefreshGrades, &QAction::triggered, this, &frmMain::mnuTRefreshGrades_Click);
     connect(mnuTRemoveAllPlayers, &QAction::triggered, this, &frmMain::mnuTRemoveAllPlayers_Click);
     connect(mnuViewTournament, &QAction::triggered, this, &frmMain::mnuViewTournament_Click);
@@ -410,6 +421,105 @@ void frmMain::mnuFileDelete_Click()
     UnloadTournamentWindow();
     ShowMasterView();
     SetMainCommands();
+}
+
+namespace {
+
+cFileRequest TrfFileRequest(const QString &title, const QString &fileName = QString())
+{
+    cFileRequest request;
+    request.title = title;
+    request.folder = FileDialogFolder();
+    request.fileName = fileName;
+    request.filter =
+        QStringLiteral("Tournament report files (*.trf *.txt)|*.trf *.txt|All files (*)|*");
+    request.filterIndex = 1;
+    request.defaultExtension = QStringLiteral("trf");
+    return request;
+}
+
+// The tournament's name as a file name that any folder takes.
+QString TrfFileName(const QString &name)
+{
+    QString fileName;
+    for (const QChar character : name)
+        fileName += character.isLetterOrNumber() || character == u' ' || character == u'-'
+                        ? character
+                        : u'_';
+    fileName = fileName.simplified();
+    return (fileName.isEmpty() ? QStringLiteral("Tournament") : fileName) + QStringLiteral(".trf");
+}
+
+QString Counted(int count, const QString &one, const QString &many)
+{
+    return QString::number(count) + u' ' + (count == 1 ? one : many);
+}
+
+} // namespace
+
+void frmMain::mnuFileExportTRF_Click()
+{
+    const auto tournament = Control().Tournament();
+    if (!tournament)
+        return;
+    const QString path = Interaction().ChooseSaveFile(
+        TrfFileRequest(tr("Export TRF"), TrfFileName(tournament->DisplayName())));
+    if (path.isEmpty())
+        return;
+    RememberFileFolder(path);
+    mSwiss::cTrfFile file;
+    std::string text;
+    {
+        cBusySection busy;
+        file = mTrfTournament::TrfOfTournament(*tournament);
+        text = mSwiss::WriteTrf(file);
+    }
+    const WriteOutcome outcome = WriteWholeFile(path, [&text](QIODevice &device) {
+        return device.write(text.data(), qint64(text.size())) == qint64(text.size())
+                   ? WriteOutcome::Written
+                   : WriteOutcome::Failed;
+    });
+    if (outcome != WriteOutcome::Written)
+        return;
+    Interaction().ShowMessage(
+        Counted(int(file.tournament.entrants.size()), tr("player"), tr("players")) + tr(" and ") +
+            Counted(file.tournament.RoundsPlayed(), tr("round"), tr("rounds")) +
+            tr(" written to ") + QDir::toNativeSeparators(path) + u'.',
+        MessageIcon::Information, AppInfo::Title());
+}
+
+void frmMain::mnuFileImportTRF_Click()
+{
+    const QString path = Interaction().ChooseOpenFile(TrfFileRequest(tr("Import TRF")));
+    if (path.isEmpty())
+        return;
+    RememberFileFolder(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        Interaction().ShowMessage(tr("The file ") + QDir::toNativeSeparators(path) +
+                                      tr(" can not be read.\n\n") + file.errorString(),
+                                  MessageIcon::Exclamation, AppInfo::Title());
+        return;
+    }
+    const QByteArray bytes = file.readAll();
+    mTrfTournament::cTrfImport imported;
+    {
+        cBusySection busy;
+        imported = mTrfTournament::ImportTrf(bytes.toStdString());
+    }
+    if (!imported.ok) {
+        Interaction().ShowMessage(tr("The file ") + QDir::toNativeSeparators(path) +
+                                      tr(" was not imported.\n\n") + imported.message,
+                                  MessageIcon::Exclamation, AppInfo::Title());
+        return;
+    }
+    ShowTournamentView(true);
+    const QString name = imported.tournament->DisplayName();
+    Interaction().ShowMessage((name.isEmpty() ? tr("The tournament") : name) + tr(" imported: ") +
+                                  Counted(imported.players, tr("player"), tr("players")) +
+                                  tr(" and ") +
+                                  Counted(imported.rounds, tr("round"), tr("rounds")) + u'.',
+                              MessageIcon::Information, AppInfo::Title());
 }
 
 void frmMain::mnuTRefreshGrades_Click()

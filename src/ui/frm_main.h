@@ -42,6 +42,8 @@ public:
     QAction *mnuFileOpen;
     QAction *mnuFileCopy;
     QAction *mnuFileDelete;
+    QAction *mnuFileExportTRF;
+    QAction *mnuFileImportTRF;
     QAction *mnuFileExit;
     QAction *mnuTRemoveAllPlayers;
     QAction *mnuTRefreshGrades;
@@ -85,6 +87,10 @@ private:
     void mnuFileOpen_Click();
     void mnuFileCopy_Click();
     void mnuFileDelete_Click();
+    // Writes the open tournament as a tournament report file.
+    void mnuFileExportTRF_Click();
+    // Makes a new tournament of a tournament report file and opens it.
+    void mnuFileImportTRF_Click();
     void mnuTRefreshGrades_Click();
     void mnuTRemoveAllPlayers_Click();
     void mnuViewTournament_Click();

@@ -51,6 +51,7 @@ void SetMainCommands()
     const bool changeable = open && !tournament->IsLocked();
     Enable(*mainWindow, "mnuFileCopy", open);
     Enable(*mainWindow, "mnuFileDelete", open);
+    Enable(*mainWindow, "mnuFileExportTRF", open);
     Enable(*mainWindow, "mnuTRefreshGrades", changeable);
     Enable(*mainWindow, "mnuTRemoveAllPlayers", changeable);
     if (Command(*mainWindow, "mnuTBCFMaster"))

@@ -53,3 +53,20 @@ void AddGame(int round, int board, const cPlayer &white, const cPlayer &black)
            {WholeValue(Control().Tournament()->TournId()), round, board,
             WholeValue(white.PlayerId()), WholeValue(black.PlayerId())});
 }
+
+std::string TrfPlayerLine(int number, const std::string &name, int rating,
+                          std::initializer_list<const char *> rounds)
+{
+    auto padded = [](const std::string &text, size_t width, bool right) {
+        const std::string pad(width > text.size() ? width - text.size() : 0, ' ');
+        return right ? pad + text : text + pad;
+    };
+    // Number, sex and title, name, rating, federation, id, birth date, points, rank.
+    std::string line =
+        "001 " + padded(std::to_string(number), 4, true) + "      " + padded(name, 33, false) +
+        " " + padded(rating ? std::to_string(rating) : std::string(), 4, true) + " " +
+        std::string(3 + 1 + 11 + 1 + 10 + 1, ' ') + " 0.0" + " " + std::string(4, ' ');
+    for (const char *round : rounds)
+        line += std::string("  ") + round;
+    return line + "\n";
+}

@@ -3,7 +3,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <initializer_list>
 #include <memory>
+#include <string>
 
 class cPlayer;
 class cTournament;
@@ -25,3 +27,7 @@ std::shared_ptr<cPlayer> AddEntrant(const QString &surname, const QString &foren
                                     const QString &pin = QString());
 // A game of the open tournament between two entrants, White winning.
 void AddGame(int round, int board, const cPlayer &white, const cPlayer &black);
+// A player line of a tournament report file, columns as the file has them, with the
+// rounds' "opponent colour result" blocks of eight characters.
+std::string TrfPlayerLine(int number, const std::string &name, int rating,
+                          std::initializer_list<const char *> rounds);
