@@ -2,6 +2,7 @@
 
 #include "base/common.h"
 #include "database/sql.h"
+#include "register/contact.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -45,6 +46,8 @@ int cDataListModel::ColumnCountOf(DataListKind kind)
     case DataListKind::Master:
     case DataListKind::BCFList:
         return 3;
+    case DataListKind::Contacts:
+        return 2;
     case DataListKind::Entrants:
         return 6;
     case DataListKind::Clubs:
@@ -84,6 +87,9 @@ void cDataListModel::Load(DataListKind kind, const QString &filter)
         break;
     case DataListKind::BCFList:
         ReadBCFList(filter);
+        break;
+    case DataListKind::Contacts:
+        ReadContacts(filter);
         break;
     }
     rows_.shrink_to_fit();
@@ -125,6 +131,26 @@ void cDataListModel::ReadBCFList(const QString &filter)
         row.cells[NameColumn] = TextOf(query.value(1));
         // The code is the key again; the text is shared, not copied.
         row.cells[CodeColumn] = row.cells[KeyColumn];
+        rows_.push_back(std::move(row));
+    }
+}
+
+void cDataListModel::ReadContacts(const QString &filter)
+{
+    // The contacts' table is made the first time anything asks for it.
+    cContact::EnsureContactTable();
+    QString statement = QStringLiteral(
+        "SELECT ContactId, IFNULL(Surname, '') || ', ' || IFNULL(Forename, '') FROM Contact");
+    QVariantList values;
+    if (!filter.isEmpty()) {
+        statement += QStringLiteral(" WHERE Surname LIKE ? ESCAPE '\\'");
+        values << StartsWithPattern(filter);
+    }
+    QSqlQuery query = RunSql(statement, values);
+    while (query.next()) {
+        cRow row;
+        row.cells[KeyColumn] = TextOf(query.value(0));
+        row.cells[NameColumn] = query.value(1).toString();
         rows_.push_back(std::move(row));
     }
 }
@@ -358,6 +384,10 @@ QVariant cDataListModel::headerData(int section, Qt::Orientation orientation, in
     case DataListKind::Master:
     case DataListKind::BCFList: {
         static const char *const names[] = {"", "Name", "Code"};
+        return tr(names[section]);
+    }
+    case DataListKind::Contacts: {
+        static const char *const names[] = {"", "Name"};
         return tr(names[section]);
     }
     case DataListKind::Entrants: {

@@ -13,6 +13,7 @@ enum class DataListKind : qint32 {
     Clubs = 2,
     Tournaments = 3,
     BCFList = 4,
+    Contacts = 5,
 };
 
 // The rows of one data list, read in one pass into compact rows and sorted in memory,
@@ -26,7 +27,7 @@ public:
     // The columns as each kind numbers them.
     enum Column : int {
         KeyColumn = 0,
-        // Master players and the grading list.
+        // Master players, the grading list and contacts.
         NameColumn = 1,
         CodeColumn = 2,
         // Entrants.
@@ -92,6 +93,7 @@ private:
     void ReadClubs();
     void ReadTournaments();
     void ReadBCFList(const QString &filter);
+    void ReadContacts(const QString &filter);
     // The first row, from the start, whose search column in capitals starts with the
     // text, or -1; the rows must be sorted on that column.
     int HalveFor(const QString &upperText) const;
