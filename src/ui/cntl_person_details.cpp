@@ -1,11 +1,11 @@
-#include "ui/cntl_master_details.h"
+#include "ui/cntl_person_details.h"
 
 #include "base/app_info.h"
 #include "base/common.h"
 #include "base/user_interaction.h"
 #include "database/database.h"
 #include "database/sql.h"
-#include "register/master.h"
+#include "register/person_record.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "ui/frm_grade_club.h"
@@ -56,6 +56,7 @@ QLabel *Caption(QWidget *parent, const QString &text, QWidget *buddy)
 {
     auto *caption = new QLabel(text, parent);
     caption->setBuddy(buddy);
+    caption->setProperty("Caption", text);
     return caption;
 }
 
@@ -106,12 +107,12 @@ bool IsWholeNumber(const QString &text)
 
 } // namespace
 
-cntlMasterDetails::cntlMasterDetails(QWidget *parent) : QWidget(parent)
+cntlPersonDetails::cntlPersonDetails(const char *idBoxName, bool playerFields, QWidget *parent)
+    : QWidget(parent), playerFields_(playerFields)
 {
-    setObjectName(QStringLiteral("cntlMasterDetails"));
-    txtMasterId = Box(this, "txtMasterId", 10, QString());
-    txtMasterId->setReadOnly(true);
-    txtMasterId->setFocusPolicy(Qt::NoFocus);
+    txtId = Box(this, idBoxName, 10, QString());
+    txtId->setReadOnly(true);
+    txtId->setFocusPolicy(Qt::NoFocus);
     txtForename = Box(this, "txtForename", 15, tr("The forename or forenames"));
     txtSurname = Box(this, "txtSurname", 20, tr("The surname; it must be entered"));
     txtAddress1 = Box(this, "txtAddress1", 30, tr("The first line of the address"));
@@ -121,20 +122,8 @@ cntlMasterDetails::cntlMasterDetails(QWidget *parent) : QWidget(parent)
     txtPostCode = Box(this, "txtPostCode", 8, tr("The post code"));
     txtPhone = Box(this, "txtPhone", 18, tr("The telephone number"));
     txtEMail = Box(this, "txtEMail", 40, tr("The e-mail address"));
-    cmbGender = List(this, "cmbGender", false, 0, tr("Male or Female"));
-    txtDOB = Box(this, "txtDOB", 10, tr("The date of birth as DD/MM/YYYY"));
-    txtAge = Box(this, "txtAge", 4, tr("The age, worked out from the date of birth"));
-    txtAge->setReadOnly(true);
-    txtAge->setFocusPolicy(Qt::NoFocus);
-    cmbClub = List(this, "cmbClub", true, 25, tr("The club, typed or picked"));
-    cmbSchool = List(this, "cmbSchool", true, 25, tr("The school, typed or picked"));
-    txtGradeCode = Box(this, "txtGradeCode", 4, tr("The code of the club in the club list"));
-    txtGradeCode->setReadOnly(true);
-    txtGradeClub = Box(this, "txtGradeClub", 30, tr("The club in the club list"));
-    txtGradeClub->setReadOnly(true);
-    cmdGradeClub = new QPushButton(tr("&Pick..."), this);
-    cmdGradeClub->setObjectName(QStringLiteral("cmdGradeClub"));
-    cmdGradeClub->setAutoDefault(false);
+    if (playerFields_)
+        AddPlayerFields();
     txtUnion = Box(this, "txtUnion", 1, tr("The union, one letter"));
     txtNation = Box(this, "txtNation", 3, tr("The nation, up to three letters"));
     txtGMTitle = Box(this, "txtGMTitle", 2, tr("The title, such as GM or IM"));
@@ -151,62 +140,115 @@ cntlMasterDetails::cntlMasterDetails(QWidget *parent) : QWidget(parent)
         lblUD[flag]->setObjectName(QStringLiteral("lblUD%1").arg(flag + 1));
         cmbUD[flag]->addItems({QString(), QStringLiteral("Yes"), QStringLiteral("No")});
     }
-    cmbGender->addItems({QString(), QStringLiteral("Male"), QStringLiteral("Female")});
+    LayOut();
 
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(4, 4, 4, 4);
-    int row = 0;
-    const auto pair = [&](QWidget *left, QWidget *right) {
+    // The order in which an organiser reads the form.
+    QList<QWidget *> order{
+        txtForename, txtSurname, txtAddress1, txtAddress2, txtAddress3,  txtAddress4, txtPostCode,
+        txtPhone,    txtEMail,   cmbClub,     cmbSchool,   cmdGradeClub, cmbGender,   txtDOB,
+        txtCode,     txtGrade,   cmbGLett,    txtRGrade,   cmbRLett,     txtELO,      txtGMTitle,
+        txtUnion,    txtNation,  cmbUD[0],    cmbUD[1],    cmbUD[2],     cmbUD[3]};
+    order.removeAll(nullptr);
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    for (QLineEdit *box : findChildren<QLineEdit *>())
+        box->installEventFilter(this);
+    for (QComboBox *list : findChildren<QComboBox *>())
+        list->installEventFilter(this);
+    setFocusProxy(txtForename);
+}
+
+void cntlPersonDetails::AddPlayerFields()
+{
+    cmbGender = List(this, "cmbGender", false, 0, tr("Male or Female"));
+    cmbGender->addItems({QString(), QStringLiteral("Male"), QStringLiteral("Female")});
+    txtDOB = Box(this, "txtDOB", 10, tr("The date of birth as DD/MM/YYYY"));
+    txtAge = Box(this, "txtAge", 4, tr("The age, worked out from the date of birth"));
+    txtAge->setReadOnly(true);
+    txtAge->setFocusPolicy(Qt::NoFocus);
+    cmbClub = List(this, "cmbClub", true, 25, tr("The club, typed or picked"));
+    cmbSchool = List(this, "cmbSchool", true, 25, tr("The school, typed or picked"));
+    txtGradeCode = Box(this, "txtGradeCode", 4, tr("The code of the club in the club list"));
+    txtGradeCode->setReadOnly(true);
+    txtGradeClub = Box(this, "txtGradeClub", 30, tr("The club in the club list"));
+    txtGradeClub->setReadOnly(true);
+    cmdGradeClub = new QPushButton(tr("&Pick..."), this);
+    cmdGradeClub->setObjectName(QStringLiteral("cmdGradeClub"));
+    cmdGradeClub->setAutoDefault(false);
+    connect(cmdGradeClub, &QPushButton::clicked, this, &cntlPersonDetails::cmdGradeClub_Click);
+}
+
+void cntlPersonDetails::LayOut()
+{
+    const auto pair = [](QWidget *left, QWidget *right) {
         auto *box = new QHBoxLayout;
         box->setContentsMargins(0, 0, 0, 0);
         box->addWidget(left, 1);
         box->addWidget(right, 1);
         return box;
     };
-    grid->addWidget(Caption(this, tr("&Name:"), txtForename), row, 0);
-    grid->addLayout(pair(txtForename, txtSurname), row, 1);
-    grid->addWidget(Caption(this, tr("Id:"), txtMasterId), row, 2);
-    grid->addWidget(txtMasterId, row++, 3);
-    grid->addWidget(Caption(this, tr("&Address:"), txtAddress1), row, 0);
-    grid->addWidget(txtAddress1, row, 1);
-    grid->addWidget(Caption(this, tr("&Gender:"), cmbGender), row, 2);
-    grid->addWidget(cmbGender, row++, 3);
-    grid->addWidget(txtAddress2, row, 1);
-    grid->addWidget(Caption(this, tr("&DOB:"), txtDOB), row, 2);
-    grid->addWidget(txtDOB, row++, 3);
-    grid->addWidget(txtAddress3, row, 1);
-    grid->addWidget(Caption(this, tr("Age:"), txtAge), row, 2);
-    grid->addWidget(txtAge, row++, 3);
-    grid->addWidget(txtAddress4, row, 1);
-    grid->addWidget(Caption(this, tr("&BCF Code:"), txtCode), row, 2);
-    grid->addWidget(txtCode, row++, 3);
-    grid->addWidget(Caption(this, tr("P&ost code:"), txtPostCode), row, 0);
-    grid->addWidget(txtPostCode, row, 1);
-    grid->addWidget(Caption(this, tr("&Long play:"), txtGrade), row, 2);
-    grid->addLayout(pair(txtGrade, cmbGLett), row++, 3);
-    grid->addWidget(Caption(this, tr("&Phone:"), txtPhone), row, 0);
-    grid->addWidget(txtPhone, row, 1);
-    grid->addWidget(Caption(this, tr("&Rapid play:"), txtRGrade), row, 2);
-    grid->addLayout(pair(txtRGrade, cmbRLett), row++, 3);
-    grid->addWidget(Caption(this, tr("&eMail:"), txtEMail), row, 0);
-    grid->addWidget(txtEMail, row, 1);
-    grid->addWidget(Caption(this, tr("&FIDE:"), txtELO), row, 2);
-    grid->addWidget(txtELO, row++, 3);
-    grid->addWidget(Caption(this, tr("&Club:"), cmbClub), row, 0);
-    grid->addWidget(cmbClub, row, 1);
-    grid->addWidget(Caption(this, tr("&Title:"), txtGMTitle), row, 2);
-    grid->addWidget(txtGMTitle, row++, 3);
-    grid->addWidget(Caption(this, tr("&School:"), cmbSchool), row, 0);
-    grid->addWidget(cmbSchool, row, 1);
-    grid->addWidget(Caption(this, tr("&Union:"), txtUnion), row, 2);
-    grid->addLayout(pair(txtUnion, txtNation), row++, 3);
-    grid->addWidget(Caption(this, tr("Grade Cl&ub:"), cmdGradeClub), row, 0);
-    auto *gradeClub = new QHBoxLayout;
-    gradeClub->setContentsMargins(0, 0, 0, 0);
-    gradeClub->addWidget(txtGradeCode, 1);
-    gradeClub->addWidget(txtGradeClub, 4);
-    gradeClub->addWidget(cmdGradeClub);
-    grid->addLayout(gradeClub, row++, 1, 1, 3);
+    // A cell of the form: a caption, or none under the first line of the address, and
+    // a box or a pair of boxes.
+    struct cCell
+    {
+        QLabel *caption;
+        QWidget *box;
+        QLayout *boxes;
+    };
+    const auto cell = [this](const QString &caption, QWidget *box, QLayout *boxes = nullptr,
+                             QWidget *buddy = nullptr) {
+        return cCell{Caption(this, caption, buddy ? buddy : box), box, boxes};
+    };
+    const auto under = [](QWidget *box) { return cCell{nullptr, box, nullptr}; };
+
+    // A player's names stand side by side; a contact's form, without the club row, is
+    // narrower, with the surname under the forename, so it fits beside the list.
+    QList<cCell> left;
+    if (playerFields_)
+        left << cell(tr("&Name:"), nullptr, pair(txtForename, txtSurname), txtForename);
+    else
+        left << cell(tr("&Name:"), txtForename) << under(txtSurname);
+    left << cell(tr("&Address:"), txtAddress1) << under(txtAddress2) << under(txtAddress3)
+         << under(txtAddress4) << cell(tr("P&ost code:"), txtPostCode)
+         << cell(tr("&Phone:"), txtPhone) << cell(tr("&eMail:"), txtEMail);
+    QList<cCell> right{cell(tr("Id:"), txtId)};
+    if (playerFields_) {
+        left << cell(tr("&Club:"), cmbClub) << cell(tr("&School:"), cmbSchool);
+        right << cell(tr("&Gender:"), cmbGender) << cell(tr("&DOB:"), txtDOB)
+              << cell(tr("Age:"), txtAge);
+    }
+    right << cell(tr("&BCF Code:"), txtCode)
+          << cell(tr("&Long play:"), nullptr, pair(txtGrade, cmbGLett), txtGrade)
+          << cell(tr("&Rapid play:"), nullptr, pair(txtRGrade, cmbRLett), txtRGrade)
+          << cell(tr("&FIDE:"), txtELO) << cell(tr("&Title:"), txtGMTitle)
+          << cell(tr("&Union:"), nullptr, pair(txtUnion, txtNation), txtUnion);
+
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(4, 4, 4, 4);
+    const auto place = [grid](const cCell &at, int row, int column) {
+        if (at.caption)
+            grid->addWidget(at.caption, row, column);
+        if (at.box)
+            grid->addWidget(at.box, row, column + 1);
+        else
+            grid->addLayout(at.boxes, row, column + 1);
+    };
+    int row = 0;
+    for (; row < qMax(left.size(), right.size()); ++row) {
+        if (row < left.size())
+            place(left[row], row, 0);
+        if (row < right.size())
+            place(right[row], row, 2);
+    }
+    if (playerFields_) {
+        grid->addWidget(Caption(this, tr("Grade Cl&ub:"), cmdGradeClub), row, 0);
+        auto *gradeClub = new QHBoxLayout;
+        gradeClub->setContentsMargins(0, 0, 0, 0);
+        gradeClub->addWidget(txtGradeCode, 1);
+        gradeClub->addWidget(txtGradeClub, 4);
+        gradeClub->addWidget(cmdGradeClub);
+        grid->addLayout(gradeClub, row++, 1, 1, 3);
+    }
     for (int flag = 0; flag < 4; flag += 2) {
         grid->addWidget(lblUD[flag], row, 0);
         grid->addWidget(cmbUD[flag], row, 1);
@@ -216,30 +258,14 @@ cntlMasterDetails::cntlMasterDetails(QWidget *parent) : QWidget(parent)
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(3, 2);
     grid->setRowStretch(row, 1);
-
-    // The order in which an organiser reads the form.
-    const QList<QWidget *> order{
-        txtForename, txtSurname, txtAddress1, txtAddress2, txtAddress3,  txtAddress4, txtPostCode,
-        txtPhone,    txtEMail,   cmbClub,     cmbSchool,   cmdGradeClub, cmbGender,   txtDOB,
-        txtCode,     txtGrade,   cmbGLett,    txtRGrade,   cmbRLett,     txtELO,      txtGMTitle,
-        txtUnion,    txtNation,  cmbUD[0],    cmbUD[1],    cmbUD[2],     cmbUD[3]};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
-    for (QLineEdit *box : findChildren<QLineEdit *>())
-        box->installEventFilter(this);
-    for (QComboBox *list : findChildren<QComboBox *>())
-        list->installEventFilter(this);
-    setFocusProxy(txtForename);
-
-    connect(cmdGradeClub, &QPushButton::clicked, this, &cntlMasterDetails::cmdGradeClub_Click);
 }
 
-bool cntlMasterDetails::Editing() const
+bool cntlPersonDetails::Editing() const
 {
     return displayMode_ >= NewMode && displayMode_ <= EditMode;
 }
 
-void cntlMasterDetails::Display()
+void cntlPersonDetails::Display()
 {
     const cControl &control = Control();
     for (QComboBox *letters : {cmbGLett, cmbRLett}) {
@@ -254,14 +280,10 @@ void cntlMasterDetails::Display()
                                     control.UserDefined3(), control.UserDefined4()};
     for (int flag = 0; flag < 4; ++flag)
         lblUD[flag]->setText(userDefined[flag] + u':');
-    cmbClub->clear();
-    cmbClub->addItems(DistinctValues(QStringLiteral("Club")));
-    cmbSchool->clear();
-    cmbSchool->addItems(DistinctValues(QStringLiteral("School")));
 
-    cMaster empty;
-    const cMaster &shown = (master_ && displayMode_ != NewMode) ? *master_ : empty;
-    txtMasterId->setText(shown.MasterId());
+    const std::shared_ptr<cPersonRecord> empty = NewRecord();
+    const cPersonRecord &shown = (record_ && displayMode_ != NewMode) ? *record_ : *empty;
+    txtId->setText(shown.Id());
     txtForename->setText(shown.Forename());
     txtSurname->setText(shown.Surname());
     txtAddress1->setText(shown.Address1());
@@ -271,13 +293,19 @@ void cntlMasterDetails::Display()
     txtPostCode->setText(shown.Postcode());
     txtPhone->setText(shown.Phone());
     txtEMail->setText(shown.eMail());
-    ShowInList(cmbGender, shown.Gender());
-    txtDOB->setText(shown.DOB());
-    txtAge->setText(shown.Age());
-    ShowInList(cmbClub, shown.Club());
-    ShowInList(cmbSchool, shown.School());
-    txtGradeCode->setText(shown.ClubCode());
-    txtGradeClub->setText(shown.ClubName());
+    if (playerFields_) {
+        ShowInList(cmbGender, shown.Gender());
+        txtDOB->setText(shown.DOB());
+        txtAge->setText(shown.Age());
+        cmbClub->clear();
+        cmbClub->addItems(DistinctValues(QStringLiteral("Club")));
+        ShowInList(cmbClub, shown.Club());
+        cmbSchool->clear();
+        cmbSchool->addItems(DistinctValues(QStringLiteral("School")));
+        ShowInList(cmbSchool, shown.School());
+        txtGradeCode->setText(shown.ClubCode());
+        txtGradeClub->setText(shown.ClubName());
+    }
     txtUnion->setText(shown.Union());
     txtNation->setText(shown.Nation());
     txtGMTitle->setText(shown.GMTitle());
@@ -294,10 +322,10 @@ void cntlMasterDetails::Display()
     SetEditable(Editing());
 }
 
-void cntlMasterDetails::SetEditable(bool editable)
+void cntlPersonDetails::SetEditable(bool editable)
 {
     for (QLineEdit *box : findChildren<QLineEdit *>()) {
-        if (box == txtMasterId || box == txtAge || box == txtGradeCode || box == txtGradeClub)
+        if (box == txtId || box == txtAge || box == txtGradeCode || box == txtGradeClub)
             continue;
         // The line of an editable list is that list's business.
         if (qobject_cast<QComboBox *>(box->parentWidget()))
@@ -306,62 +334,73 @@ void cntlMasterDetails::SetEditable(bool editable)
     }
     for (QComboBox *list : findChildren<QComboBox *>())
         list->setEnabled(editable);
-    cmdGradeClub->setVisible(editable);
-    cmdGradeClub->setEnabled(editable && !Database().BCFClubIsEmpty());
+    if (cmdGradeClub) {
+        cmdGradeClub->setVisible(editable);
+        cmdGradeClub->setEnabled(editable && !Database().BCFClubIsEmpty());
+    }
+    // A read-only form offers no Alt letters, so the window around it keeps its own.
+    for (QLabel *caption : findChildren<QLabel *>()) {
+        const QString text = caption->property("Caption").toString();
+        if (!text.isEmpty())
+            caption->setText(editable ? text : QString(text).remove(u'&'));
+    }
 }
 
-void cntlMasterDetails::FillFrom(cMaster &master) const
+void cntlPersonDetails::FillFrom(cPersonRecord &person) const
 {
-    master.setForename(txtForename->text());
-    master.setSurname(txtSurname->text());
-    master.setAddress1(txtAddress1->text());
-    master.setAddress2(txtAddress2->text());
-    master.setAddress3(txtAddress3->text());
-    master.setAddress4(txtAddress4->text());
-    master.setPostcode(txtPostCode->text());
-    master.setPhone(txtPhone->text());
-    master.seteMail(txtEMail->text());
-    master.setGender(cmbGender->currentText());
-    master.setDOB(txtDOB->text());
-    master.setClub(cmbClub->currentText());
-    master.setSchool(cmbSchool->currentText());
-    master.setClubCode(txtGradeCode->text());
-    master.setClubName(txtGradeClub->text());
-    master.setUnion(txtUnion->text());
-    master.setNation(txtNation->text());
-    master.setGMTitle(txtGMTitle->text());
-    master.setLongPlay(txtGrade->text());
-    master.setLongPlayLett(cmbGLett->currentText());
-    master.setRapidPlay(txtRGrade->text());
-    master.setRapidPlayLett(cmbRLett->currentText());
-    master.setFIDE(txtELO->text());
-    master.setBCFCode(txtCode->text());
-    master.setSpecial1(FlagLetter(cmbUD[0]->currentText()));
-    master.setSpecial2(FlagLetter(cmbUD[1]->currentText()));
-    master.setSpecial3(FlagLetter(cmbUD[2]->currentText()));
-    master.setSpecial4(FlagLetter(cmbUD[3]->currentText()));
+    person.setForename(txtForename->text());
+    person.setSurname(txtSurname->text());
+    person.setAddress1(txtAddress1->text());
+    person.setAddress2(txtAddress2->text());
+    person.setAddress3(txtAddress3->text());
+    person.setAddress4(txtAddress4->text());
+    person.setPostcode(txtPostCode->text());
+    person.setPhone(txtPhone->text());
+    person.seteMail(txtEMail->text());
+    // A contact's form leaves the player's fields as the record holds them.
+    if (playerFields_) {
+        person.setGender(cmbGender->currentText());
+        person.setDOB(txtDOB->text());
+        person.setClub(cmbClub->currentText());
+        person.setSchool(cmbSchool->currentText());
+        person.setClubCode(txtGradeCode->text());
+        person.setClubName(txtGradeClub->text());
+    }
+    person.setUnion(txtUnion->text());
+    person.setNation(txtNation->text());
+    person.setGMTitle(txtGMTitle->text());
+    person.setLongPlay(txtGrade->text());
+    person.setLongPlayLett(cmbGLett->currentText());
+    person.setRapidPlay(txtRGrade->text());
+    person.setRapidPlayLett(cmbRLett->currentText());
+    person.setFIDE(txtELO->text());
+    person.setBCFCode(txtCode->text());
+    person.setSpecial1(FlagLetter(cmbUD[0]->currentText()));
+    person.setSpecial2(FlagLetter(cmbUD[1]->currentText()));
+    person.setSpecial3(FlagLetter(cmbUD[2]->currentText()));
+    person.setSpecial4(FlagLetter(cmbUD[3]->currentText()));
 }
 
-void cntlMasterDetails::ShowStatus(const QString &text)
+void cntlPersonDetails::ShowStatus(const QString &text)
 {
     if (statusBar_)
         statusBar_->showMessage(text);
 }
 
-bool cntlMasterDetails::CheckField(QLineEdit *field)
+bool cntlPersonDetails::CheckField(QLineEdit *field)
 {
     const QString text = field->text().trimmed();
-    if (field == txtDOB) {
+    if (field && field == txtDOB) {
         if (!text.isEmpty() && !IsDate(text)) {
             Interaction().Beep();
             refusedBox_ = field;
             ShowStatus(tr("Date of Birth must be entered in DD/MM/YYYY format"));
             return false;
         }
-        cMaster worked;
-        worked.setDOB(text);
-        txtDOB->setText(worked.DOB());
-        txtAge->setText(worked.Age());
+        const std::shared_ptr<cPersonRecord> worked = NewRecord();
+        worked->setDOB(text);
+        txtDOB->setText(worked->DOB());
+        txtAge->setText(worked->Age());
         return true;
     }
     if (field == txtGrade || field == txtRGrade || field == txtELO) {
@@ -373,7 +412,7 @@ bool cntlMasterDetails::CheckField(QLineEdit *field)
     return true;
 }
 
-bool cntlMasterDetails::Valid()
+bool cntlPersonDetails::Valid()
 {
     if (!Editing())
         return true;
@@ -387,7 +426,7 @@ bool cntlMasterDetails::Valid()
         return false;
     }
     for (QLineEdit *field : {txtDOB, txtGrade, txtRGrade, txtELO}) {
-        if (!CheckField(field)) {
+        if (field && !CheckField(field)) {
             field->setFocus();
             field->selectAll();
             return false;
@@ -396,33 +435,33 @@ bool cntlMasterDetails::Valid()
     return true;
 }
 
-void cntlMasterDetails::Update()
+void cntlPersonDetails::Update()
 {
     switch (displayMode_) {
     case NewMode: {
-        auto master = std::make_shared<cMaster>();
-        FillFrom(*master);
-        master->Create();
-        master_ = master;
+        std::shared_ptr<cPersonRecord> person = NewRecord();
+        FillFrom(*person);
+        person->Create();
+        record_ = std::move(person);
         break;
     }
     case ChangeMode:
-        if (master_) {
-            FillFrom(*master_);
-            master_->Update();
+        if (record_) {
+            FillFrom(*record_);
+            record_->Update();
         }
         break;
     case 4:
     case 5:
-        if (master_)
-            master_->Delete();
+        if (record_)
+            record_->Delete();
         break;
     default:
         break;
     }
 }
 
-bool cntlMasterDetails::eventFilter(QObject *watched, QEvent *event)
+bool cntlPersonDetails::eventFilter(QObject *watched, QEvent *event)
 {
     auto *box = qobject_cast<QLineEdit *>(watched);
     if (event->type() == QEvent::FocusIn) {
@@ -450,7 +489,7 @@ bool cntlMasterDetails::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
-void cntlMasterDetails::cmdGradeClub_Click()
+void cntlPersonDetails::cmdGradeClub_Click()
 {
     frmGradeClub picker(this);
     picker.exec();

@@ -13,13 +13,11 @@
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_master_details.h"
 #include "ui/main_commands.h"
+#include "ui/register_window_layout.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -44,25 +42,10 @@ frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
     tbMaster->setObjectName(QStringLiteral("tbMaster"));
     cntlDetails = new cntlMasterDetails;
     cntlHist = new cntlPlayerHist(tbMaster);
-    // A small main window scrolls the details rather than cutting them.
-    auto *detailsArea = new QScrollArea(tbMaster);
-    detailsArea->setWidget(cntlDetails);
-    detailsArea->setWidgetResizable(true);
-    detailsArea->setFrameShape(QFrame::NoFrame);
-    tbMaster->addTab(detailsArea, tr("Details"));
+    AddScrollingTab(tbMaster, cntlDetails, tr("Details"));
     tbMaster->addTab(cntlHist, tr("History"));
-
-    auto *commands = new QHBoxLayout;
-    for (QPushButton *button : {cmdNew, cmdUpdate, cmdDelete, cmdView, cmdMatch})
-        commands->addWidget(button);
-    commands->addStretch(1);
-    auto *right = new QVBoxLayout;
-    right->addLayout(commands);
-    right->addWidget(tbMaster, 1);
-    auto *layout = new QHBoxLayout(this);
-    layout->addWidget(lstMaster, 2);
-    layout->addLayout(right, 3);
-    setFocusProxy(lstMaster);
+    LayOutRegisterWindow(this, lstMaster, 2, {cmdNew, cmdUpdate, cmdDelete, cmdView, cmdMatch},
+                         tbMaster, 3);
 
     connect(lstMaster, &cntlMasterList::SelectionChanged, this,
             &frmMaster::lstMaster_SelectionChanged);

@@ -1,10 +1,7 @@
-#include "ui/frm_master_details.h"
+#include "ui/frm_person_details.h"
 
 #include "base/busy.h"
-#include "register/master.h"
-#include "session/control.h"
-#include "session/globals.h"
-#include "ui/cntl_master_details.h"
+#include "ui/cntl_person_details.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -14,13 +11,13 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-frmMasterDetails::frmMasterDetails(qint16 mode, std::shared_ptr<cMaster> master, QWidget *parent)
-    : QDialog(parent)
+frmPersonDetails::frmPersonDetails(qint16 mode, cntlPersonDetails *details, const QString &title,
+                                   const QString &deleteWarning, QWidget *parent)
+    : QDialog(parent), mode_(mode), details_(details)
 {
-    setObjectName(QStringLiteral("frmMasterDetails"));
-    setWindowTitle(tr("Player Details"));
-    cntlDetails = new cntlMasterDetails(this);
-    lblMsg = new QLabel(tr("Check that this is the player you want to delete."), this);
+    setWindowTitle(title);
+    details_->setParent(this);
+    lblMsg = new QLabel(deleteWarning, this);
     lblMsg->setObjectName(QStringLiteral("lblMsg"));
     QFont bold = lblMsg->font();
     bold.setBold(true);
@@ -40,7 +37,7 @@ frmMasterDetails::frmMasterDetails(qint16 mode, std::shared_ptr<cMaster> master,
     buttons->addWidget(cmdOk);
     buttons->addWidget(cmdCancel);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(cntlDetails, 1);
+    layout->addWidget(details_, 1);
     layout->addLayout(buttons);
     layout->addWidget(sbMsg);
 
@@ -51,38 +48,36 @@ frmMasterDetails::frmMasterDetails(qint16 mode, std::shared_ptr<cMaster> master,
     if (mode == 5 || mode == 4)
         cmdOk->setText(tr("&Delete"));
 
-    cntlDetails->setDisplayMode(mode);
-    cntlDetails->setMaster(std::move(master));
-    cntlDetails->setStatusBar(sbMsg);
-    cntlDetails->Display();
+    details_->setDisplayMode(mode);
+    details_->setStatusBar(sbMsg);
     cmdOk->installEventFilter(this);
     cmdCancel->installEventFilter(this);
-    connect(cmdOk, &QPushButton::clicked, this, &frmMasterDetails::cmdOk_Click);
+    connect(cmdOk, &QPushButton::clicked, this, &frmPersonDetails::cmdOk_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    if (mode == 1 || mode == 2)
-        cntlDetails->txtForename->setFocus();
+}
+
+void frmPersonDetails::Start()
+{
+    details_->Display();
+    if (mode_ == 1 || mode_ == 2)
+        details_->txtForename->setFocus();
     else
-        (mode == 0 ? cmdCancel : cmdOk)->setFocus();
+        (mode_ == 0 ? cmdCancel : cmdOk)->setFocus();
 }
 
-std::shared_ptr<cMaster> frmMasterDetails::Master() const
+void frmPersonDetails::cmdOk_Click()
 {
-    return cntlDetails->Master();
-}
-
-void frmMasterDetails::cmdOk_Click()
-{
-    if (!cntlDetails->Valid())
+    if (!details_->Valid())
         return;
     cBusySection busy;
     hide();
-    cntlDetails->Update();
-    Control().setMaster(cntlDetails->Master());
+    details_->Update();
+    Written();
     Cancelled = false;
     accept();
 }
 
-bool frmMasterDetails::eventFilter(QObject *watched, QEvent *event)
+bool frmPersonDetails::eventFilter(QObject *watched, QEvent *event)
 {
     // The help text of a field goes when a command takes the focus.
     if (event->type() == QEvent::FocusIn && (watched == cmdOk || watched == cmdCancel))

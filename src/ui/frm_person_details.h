@@ -2,36 +2,42 @@
 
 #include <QDialog>
 
-#include <memory>
-
 class QLabel;
 class QPushButton;
 class QStatusBar;
-class cMaster;
-class cntlMasterDetails;
+class cntlPersonDetails;
 
-// The dialog that adds, changes, shows or deletes one person of the register.
-class frmMasterDetails : public QDialog
+// The dialog that adds, changes, shows or deletes one person of a register, around the
+// details form of that register.
+class frmPersonDetails : public QDialog
 {
     Q_OBJECT
 
 public:
-    // Mode 0 view, 1 new, 2 change, 5 delete; the record is none for a new person.
-    frmMasterDetails(qint16 mode, std::shared_ptr<cMaster> master, QWidget *parent = nullptr);
-
     bool Cancelled = true;
-    // The record written, after OK.
-    std::shared_ptr<cMaster> Master() const;
 
-    cntlMasterDetails *cntlDetails;
     QLabel *lblMsg;
     QPushButton *cmdOk;
     QPushButton *cmdCancel;
     QStatusBar *sbMsg;
 
 protected:
+    // Mode 0 view, 1 new, 2 change, 5 delete. The warning is shown beside the commands
+    // when deleting.
+    frmPersonDetails(qint16 mode, cntlPersonDetails *details, const QString &title,
+                     const QString &deleteWarning, QWidget *parent);
+    cntlPersonDetails *Details() const { return details_; }
+    // Shows the record the form was given and puts the focus where the mode wants it.
+    void Start();
+
+    // After the write: what the register's window is to know of the record.
+    virtual void Written() {}
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void cmdOk_Click();
+
+    qint16 mode_;
+    cntlPersonDetails *details_;
 };
