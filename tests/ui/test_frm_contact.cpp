@@ -80,7 +80,9 @@ private slots:
     void viewShowsTheContactReadOnlyInTheMainWindow();
     void updateChangesTheStoredContact();
     void updateKeepsFieldsTheFormDoesNotShow();
+    void aDoubleClickOpensTheContactForChange();
     void deleteAsksAndRemovesTheContact();
+    void deletingAContactAlreadyGoneOnlyReadsTheListAgain();
     void quotesAndWildcardsInANameWork();
     void letterTabsAndTypingFindAContact();
     void theFormHasNoPlayerFieldsAndNoMatch();
@@ -324,6 +326,28 @@ void TestFrmContact::updateKeepsFieldsTheFormDoesNotShow()
     QCOMPARE(Stored(1, "DOB"), QStringLiteral("1970-05-04"));
 }
 
+void TestFrmContact::aDoubleClickOpensTheContactForChange()
+{
+    AddContact(1, QStringLiteral("Smith"), QStringLiteral("Ann"));
+    frmContact window;
+    ShowActive(window);
+    window.lstContact->SetTab(QStringLiteral("S"));
+    bool editable = false;
+    WhenModalShows<frmContactDetails>(
+        [&editable](frmContactDetails *dialog) {
+            editable = dialog->cntlDetails->DisplayMode() == cntlContactDetails::ChangeMode &&
+                       dialog->cntlDetails->txtSurname->text() == QLatin1String("Smith") &&
+                       !dialog->cntlDetails->txtSurname->isReadOnly();
+            dialog->reject();
+        },
+        nullptr);
+    cntlDataList *list = window.lstContact->lstMaster;
+    const QRect cell = list->lstData->visualRect(list->Model()->index(0, 1));
+    QTest::mouseClick(list->lstData->viewport(), Qt::LeftButton, {}, cell.center());
+    QTest::mouseDClick(list->lstData->viewport(), Qt::LeftButton, {}, cell.center());
+    QVERIFY(editable);
+}
+
 void TestFrmContact::deleteAsksAndRemovesTheContact()
 {
     AddContact(1, QStringLiteral("Smith"), QStringLiteral("Ann"));
@@ -367,6 +391,30 @@ void TestFrmContact::deleteAsksAndRemovesTheContact()
     QCOMPARE(window.lstContact->lstMaster->RowCount(), 1);
     QCOMPARE(window.Contact()->ContactId(), QStringLiteral("2"));
     QCOMPARE(seam_->Count(QStringLiteral("ask|")), 0);
+}
+
+void TestFrmContact::deletingAContactAlreadyGoneOnlyReadsTheListAgain()
+{
+    AddContact(1, QStringLiteral("Smith"), QStringLiteral("Ann"));
+    AddContact(2, QStringLiteral("Shaw"), QStringLiteral("Bob"));
+    frmContact window;
+    ShowActive(window);
+    window.lstContact->SetTab(QStringLiteral("S"));
+    window.lstContact->setSelKey(QStringLiteral("1"));
+    RunSql(QStringLiteral("DELETE FROM Contact WHERE ContactId = 1"));
+    bool shown = false;
+    QTimer::singleShot(20, &window, [&shown] {
+        if (auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+            shown = true;
+            dialog->reject();
+        }
+    });
+    QTest::mouseClick(window.cmdDelete, Qt::LeftButton);
+    QTest::qWait(50);
+    QVERIFY(!shown);
+    QCOMPARE(window.lstContact->lstMaster->RowCount(), 1);
+    QCOMPARE(window.Contact()->ContactId(), QStringLiteral("2"));
+    QCOMPARE(Contacts(), 1);
 }
 
 void TestFrmContact::quotesAndWildcardsInANameWork()
