@@ -135,18 +135,29 @@ void cDataListModel::ReadBCFList(const QString &filter)
     }
 }
 
-void cDataListModel::ReadContacts(const QString &filter)
+namespace {
+
+// The rows of the statement whose surname starts with the filter; all for no filter.
+QSqlQuery RunSurnameFiltered(QString statement, const QString &filter)
 {
-    // The contacts' table is made the first time anything asks for it.
-    cContact::EnsureContactTable();
-    QString statement = QStringLiteral(
-        "SELECT ContactId, IFNULL(Surname, '') || ', ' || IFNULL(Forename, '') FROM Contact");
     QVariantList values;
     if (!filter.isEmpty()) {
         statement += QStringLiteral(" WHERE Surname LIKE ? ESCAPE '\\'");
         values << StartsWithPattern(filter);
     }
-    QSqlQuery query = RunSql(statement, values);
+    return RunSql(statement, values);
+}
+
+} // namespace
+
+void cDataListModel::ReadContacts(const QString &filter)
+{
+    // The contacts' table is made the first time anything asks for it.
+    cContact::EnsureContactTable();
+    QSqlQuery query = RunSurnameFiltered(
+        QStringLiteral(
+            "SELECT ContactId, IFNULL(Surname, '') || ', ' || IFNULL(Forename, '') FROM Contact"),
+        filter);
     while (query.next()) {
         cRow row;
         row.cells[KeyColumn] = TextOf(query.value(0));
