@@ -15,6 +15,10 @@ class cPersonRecord
 public:
     virtual ~cPersonRecord() = default;
 
+    // The id of the row, whatever the register calls its id field; empty means no
+    // record.
+    const QString &Id() const { return id_; }
+
     QString GMTitle() const { return gmTitle_; }
     void setGMTitle(const QString &value);
     QString FIDE() const { return fide_; }
@@ -108,7 +112,6 @@ public:
 protected:
     cPersonRecord(const QString &table, const QString &idField);
 
-    const QString &Id() const { return id_; }
     void setId(const QString &value) { id_ = value.trimmed(); }
     // The id for a new row.
     virtual QString NextId() const = 0;

@@ -35,6 +35,8 @@ std::vector<cHeading> HeadingsOf(DataListKind kind)
     case DataListKind::Master:
     case DataListKind::BCFList:
         return {{1, 2000}, {2, 0}};
+    case DataListKind::Contacts:
+        return {{1, 0}};
     case DataListKind::Entrants:
         return {{1, 350}, {2, 2000}, {3, 550}, {4, 600}};
     case DataListKind::Clubs:
@@ -110,7 +112,7 @@ cntlDataList::cntlDataList(QWidget *parent) : QWidget(parent)
 
 void cntlDataList::setDisplayType(qint32 value)
 {
-    if (value < 0 || value > 4)
+    if (value < 0 || value > qint32(DataListKind::Contacts))
         value = 0;
     kind_ = DataListKind(value);
     headingTags_.fill(0);

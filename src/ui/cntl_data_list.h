@@ -10,9 +10,9 @@ class QLabel;
 class QTableView;
 class QTimer;
 
-// The grid that every browsing window embeds: one of five kinds of list (0 master
+// The grid that every browsing window embeds: one of six kinds of list (0 master
 // players, 1 entrants of the open tournament, 2 clubs, 3 tournaments, 4 the grading
-// list), sorted by a click on a heading, searched as the user types, with the
+// list, 5 contacts), sorted by a click on a heading, searched as the user types, with the
 // selection kept by key across sorts and reloads. Callers ask it for the key, name,
 // pin or code of the selected row.
 class cntlDataList : public QWidget

@@ -1,5 +1,6 @@
 #include "ui/cntl_master_list.h"
 
+#include "register/contact.h"
 #include "register/master.h"
 #include "ui/cntl_data_list.h"
 #include "ui/data_list_model.h"
@@ -11,7 +12,10 @@
 #include <QTabBar>
 #include <QTableView>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <memory>
 
 namespace {
 
@@ -31,6 +35,10 @@ cntlMasterList::cntlMasterList(QWidget *parent) : QWidget(parent)
     tabChar->setUsesScrollButtons(true);
     tabChar->setDrawBase(true);
     tabChar->setFocusPolicy(Qt::TabFocus);
+    // The arrow keys move along the tabs; Tab goes from the tabs to the list, not to
+    // the tab strip's scroll arrows.
+    for (QWidget *arrow : tabChar->findChildren<QToolButton *>())
+        arrow->setFocusPolicy(Qt::NoFocus);
     tabChar->addTab(SearchTab);
     tabChar->setTabData(0, SearchTab);
     for (char letter = 'A'; letter <= 'Z'; ++letter) {
@@ -40,6 +48,7 @@ cntlMasterList::cntlMasterList(QWidget *parent) : QWidget(parent)
 
     searchRow = new QWidget(fmMaster);
     searchRow->setObjectName(QStringLiteral("searchRow"));
+    // Alt+N stays with the New command of the window around the list.
     lblSearch = new QLabel(tr("Na&me:"), searchRow);
     lblSearch->setObjectName(QStringLiteral("lblSearch"));
     txtSearch = new QLineEdit(searchRow);
@@ -190,11 +199,15 @@ void cntlMasterList::cmdSearch_Click()
     lstMaster->SetFocus();
 }
 
-void cntlMasterList::ShowUnderOwnLetter(const QString &masterId)
+void cntlMasterList::ShowUnderOwnLetter(const QString &id)
 {
-    cMaster master;
-    master.Load(masterId);
-    const QString initial = master.Surname().left(1).toUpper();
+    std::unique_ptr<cPersonRecord> person;
+    if (displayType_ == qint32(DataListKind::Contacts))
+        person = std::make_unique<cContact>();
+    else
+        person = std::make_unique<cMaster>();
+    person->Load(id);
+    const QString initial = person->Surname().left(1).toUpper();
     const bool searching = Tab() == QLatin1String("?") && !txtSearch->text().isEmpty();
     if (!searching && initial != Tab())
         SetTab(initial);

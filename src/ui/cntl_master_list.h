@@ -10,7 +10,8 @@ class cntlDataList;
 
 // A data list narrowed by the initial of the name: 27 tabs, "?" for a search by name
 // and one for each letter, so that the whole register is never read at once unless
-// asked for. Used for the register (kind 0) and the grading list (kind 4).
+// asked for. Used for the register (kind 0), the grading list (kind 4) and the
+// contacts (kind 5).
 class cntlMasterList : public QWidget
 {
     Q_OBJECT
@@ -39,9 +40,10 @@ public:
     // Reloads the list with the filter of the selected tab.
     void DisplayList();
     void SetFocus();
-    // Selects the tab of the person's initial, so that someone just added or renamed is
-    // shown under their own letter; a search on view is left as it is.
-    void ShowUnderOwnLetter(const QString &masterId);
+    // Selects the tab of the initial of the person of the id (of the register or of
+    // the contacts, by the kind), so that someone just added or renamed is shown under
+    // their own letter; a search on view is left as it is.
+    void ShowUnderOwnLetter(const QString &id);
     // Takes the focus now and once more after the dialog that just closed has handed it
     // back to the command that opened it.
     void TakeFocusAfterDialog();

@@ -5,6 +5,7 @@
 #include "database/connection.h"
 #include "database/content_stamp.h"
 #include "database/sql.h"
+#include "register/contact.h"
 #include "session/control.h"
 #include "session/globals.h"
 #include "session/player.h"
@@ -206,6 +207,25 @@ void ReadBCFList(cPackedCells &cells)
     }
 }
 
+// The contacts as the list shows them, and the surname alone; the table is made the
+// first time anything asks for it.
+void ReadContacts(cPackedCells &cells)
+{
+    cContact::EnsureContactTable();
+    static constexpr char16_t separator[] = u", ";
+    cBulkRead rows(QStringLiteral("SELECT ContactId, Surname, Forename FROM Contact"));
+    while (rows.Next()) {
+        cells.AppendUtf8(rows.Utf8View(0));
+        cells.EndCell();
+        cells.AppendUtf8(rows.Utf8View(1));
+        cells.Append(separator);
+        cells.AppendUtf8(rows.Utf8View(2));
+        cells.EndCell();
+        cells.AppendUtf8(rows.Utf8View(1));
+        cells.EndCell();
+    }
+}
+
 // The whole register or grading list as last read, and the mark of the database then.
 struct cWholeList
 {
@@ -215,8 +235,8 @@ struct cWholeList
 
 cWholeList &WholeListOf(DataListKind kind)
 {
-    static cWholeList lists[2];
-    return lists[kind == DataListKind::Master ? 0 : 1];
+    static cWholeList lists[3];
+    return lists[kind == DataListKind::Master ? 0 : kind == DataListKind::BCFList ? 1 : 2];
 }
 
 } // namespace
@@ -229,6 +249,8 @@ int cDataListModel::ColumnCountOf(DataListKind kind)
     case DataListKind::Master:
     case DataListKind::BCFList:
         return 3;
+    case DataListKind::Contacts:
+        return 2;
     case DataListKind::Entrants:
         return 6;
     case DataListKind::Clubs:
@@ -257,20 +279,31 @@ std::shared_ptr<const cPackedCells> cDataListModel::WholeList(DataListKind kind)
     // database cannot tell.
     if (!list.cells || !now || list.stamp != now) {
         auto cells = std::make_shared<cPackedCells>();
-        cells->Clear(kind == DataListKind::Master ? RegisterColumns : ColumnCountOf(kind));
-        if (kind == DataListKind::Master)
+        if (kind == DataListKind::Master) {
+            cells->Clear(RegisterColumns);
             ReadRegister(*cells);
-        else
+        } else if (kind == DataListKind::Contacts) {
+            cells->Clear(ContactColumns);
+            ReadContacts(*cells);
+        } else {
+            cells->Clear(ColumnCountOf(kind));
             ReadBCFList(*cells);
+        }
         list.cells = std::move(cells);
         list.stamp = now;
     }
     return list.cells;
 }
 
+bool cDataListModel::ReadWhole(DataListKind kind)
+{
+    return kind == DataListKind::Master || kind == DataListKind::BCFList ||
+           kind == DataListKind::Contacts;
+}
+
 void cDataListModel::Prepare(DataListKind kind)
 {
-    if ((kind == DataListKind::Master || kind == DataListKind::BCFList) && SessionConnectionOpen())
+    if (ReadWhole(kind) && SessionConnectionOpen())
         WholeList(kind);
 }
 
@@ -280,7 +313,7 @@ void cDataListModel::Load(DataListKind kind, const QString &filter)
     kind_ = kind;
     order_.clear();
     sortColumn_ = -1;
-    if (kind == DataListKind::Master || kind == DataListKind::BCFList) {
+    if (ReadWhole(kind)) {
         cells_ = WholeList(kind);
         KeepRowsStartingWith(filter);
     } else {
@@ -314,7 +347,9 @@ void cDataListModel::KeepRowsStartingWith(const QString &filter)
     const QString upper = filter.trimmed().toUpper();
     const std::u16string_view wanted(reinterpret_cast<const char16_t *>(upper.utf16()),
                                      std::size_t(upper.size()));
-    const int column = kind_ == DataListKind::Master ? int(RegisterSurnameColumn) : int(NameColumn);
+    const int column = kind_ == DataListKind::Master     ? int(RegisterSurnameColumn)
+                       : kind_ == DataListKind::Contacts ? int(ContactSurnameColumn)
+                                                         : int(NameColumn);
     for (int row = 0; row < rows; ++row) {
         const std::u16string_view name = cells_->View(row, column);
         // A name that is missing starts with nothing.
@@ -516,6 +551,10 @@ QVariant cDataListModel::headerData(int section, Qt::Orientation orientation, in
     case DataListKind::Master:
     case DataListKind::BCFList: {
         static const char *const names[] = {"", "Name", "Code"};
+        return tr(names[section]);
+    }
+    case DataListKind::Contacts: {
+        static const char *const names[] = {"", "Name"};
         return tr(names[section]);
     }
     case DataListKind::Entrants: {

@@ -15,6 +15,7 @@ enum class DataListKind : qint32 {
     Clubs = 2,
     Tournaments = 3,
     BCFList = 4,
+    Contacts = 5,
 };
 
 // The rows of one data list, read in one pass into compact rows and sorted in memory,
@@ -48,15 +49,20 @@ public:
         DatesSortColumn = 3,
     };
     static constexpr int MaxColumns = 6;
-    // The register keeps the surname alone beside the columns shown: a letter tab
-    // looks at the surname, not at the name as shown.
+    // The register and the contacts keep the surname alone beside the columns shown:
+    // a letter tab looks at the surname, not at the name as shown.
     static constexpr int RegisterSurnameColumn = 3;
     static constexpr int RegisterColumns = 4;
+    static constexpr int ContactSurnameColumn = 2;
+    static constexpr int ContactColumns = 3;
 
     explicit cDataListModel(QObject *parent = nullptr);
 
     static int ColumnCountOf(DataListKind kind);
 
+    // True for the kinds read whole and filtered in memory: the register, the grading
+    // list and the contacts.
+    static bool ReadWhole(DataListKind kind);
     // Reads the whole register or grading list ahead, at a quiet moment, so that the
     // first letter tab shows at once; a later load reads it again only when the
     // database has changed.
@@ -93,8 +99,8 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
-    // The whole register or grading list, read again only when the database may have
-    // changed since it was last read; lists of several windows share it.
+    // The whole register, grading list or contacts, read again only when the database
+    // may have changed since it was last read; lists of several windows share it.
     static std::shared_ptr<const cPackedCells> WholeList(DataListKind kind);
     // Shows the rows of the whole list whose name starts with the filter, "" all.
     void KeepRowsStartingWith(const QString &filter);

@@ -8,6 +8,7 @@
 #include "conduct/trf_tournament.h"
 #include "database/database.h"
 #include "database/sql.h"
+#include "register/contact.h"
 #include "register/master.h"
 #include "reports/print_cntrl.h"
 #include "session/control.h"
@@ -20,6 +21,7 @@
 #include "ui/file_locations.h"
 #include "ui/frm_about.h"
 #include "ui/frm_bcf_master.h"
+#include "ui/frm_contact.h"
 #include "ui/frm_export.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
@@ -133,6 +135,8 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     mnuViewPlayers->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
     mnuViewTournament = AddCommand(mnuView, QStringLiteral("mnuViewTournament"), tr("&Tournament"));
     mnuViewTournament->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_T));
+    mnuViewContacts = AddCommand(mnuView, QStringLiteral("mnuViewContacts"), tr("&Contacts"));
+    mnuViewContacts->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
     mnuView->addSeparator()->setObjectName(QStringLiteral("mnuViewBar0"));
     mnuViewToolbar = AddCommand(mnuView, QStringLiteral("mnuViewToolbar"), tr("&Button bar"));
     mnuViewToolbar->setCheckable(true);
@@ -186,6 +190,7 @@ frmMain::frmMain(QWidget *parent) : QMainWindow(parent)
     connect(mnuTRefreshGrades, &QAction::triggered, this, &frmMain::mnuTRefreshGrades_Click);
     connect(mnuTRemoveAllPlayers, &QAction::triggered, this, &frmMain::mnuTRemoveAllPlayers_Click);
     connect(mnuViewTournament, &QAction::triggered, this, &frmMain::mnuViewTournament_Click);
+    connect(mnuViewContacts, &QAction::triggered, this, &frmMain::ShowContactView);
     connect(tbrTournament, &QAction::triggered, this, &frmMain::mnuViewTournament_Click);
     connect(mnuViewToolbar, &QAction::triggered, this, &frmMain::mnuViewToolbar_Click);
     connect(mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
@@ -259,6 +264,20 @@ void frmMain::ShowMasterView()
     masterView_->Reload(Control().Master() ? Control().Master()->MasterId() : QString());
 }
 
+void frmMain::ShowContactView()
+{
+    tbrPlayers->setChecked(false);
+    tbrTournament->setChecked(false);
+    if (!contactView_) {
+        contactView_ = new frmContact(views_);
+        views_->addWidget(contactView_);
+    } else {
+        contactView_->Reload(contactView_->Contact()->ContactId());
+    }
+    views_->setCurrentWidget(contactView_);
+    contactView_->setFocus();
+}
+
 void frmMain::mnuLoadClubList_Click()
 {
     frmLoadClubList dialog(this);
@@ -319,10 +338,12 @@ void frmMain::mnuVOptions_Click()
 {
     frmOptions options(this);
     options.exec();
-    // The master view shows the captions of the user-defined flags, so it is shown
-    // afresh after the settings may have changed them.
+    // The master view and the contacts show the captions of the user-defined flags, so
+    // they are shown afresh after the settings may have changed them.
     if (tbrPlayers->isChecked())
         ShowMasterView();
+    else if (contactView_ && views_->currentWidget() == contactView_)
+        ShowContactView();
 }
 
 void frmMain::mnuViewToolbar_Click()

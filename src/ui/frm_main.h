@@ -6,6 +6,7 @@ class QAction;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
+class frmContact;
 class frmMaster;
 class frmTournament;
 
@@ -29,6 +30,10 @@ public:
     // Puts the open tournament's window on view; a fresh window when asked, which is
     // how a tournament that replaced another one starts.
     void ShowTournamentView(bool freshWindow);
+    // Puts the register of contacts on view, read afresh.
+    void ShowContactView();
+    // The contacts' window, or none when it has not been shown.
+    frmContact *ContactWindow() const { return contactView_; }
     // The tournament window, or none when no tournament has been shown.
     frmTournament *TournamentWindow() const { return tournamentView_; }
 
@@ -48,6 +53,7 @@ public:
     QAction *mnuTRemoveAllPlayers;
     QAction *mnuTRefreshGrades;
     QAction *mnuViewTournament;
+    QAction *mnuViewContacts;
     QAction *tbrTournament;
     QAction *tbrOpenTournament;
     QAction *mnuPrint;
@@ -99,4 +105,5 @@ private:
     QStackedWidget *views_;
     frmMaster *masterView_;
     frmTournament *tournamentView_ = nullptr;
+    frmContact *contactView_ = nullptr;
 };

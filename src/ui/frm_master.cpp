@@ -5,7 +5,6 @@
 #include "register/master.h"
 #include "session/control.h"
 #include "session/globals.h"
-#include "ui/alt_letters.h"
 #include "ui/cntl_data_list.h"
 #include "ui/cntl_master_details.h"
 #include "ui/cntl_master_list.h"
@@ -14,30 +13,13 @@
 #include "ui/frm_bcf_master.h"
 #include "ui/frm_master_details.h"
 #include "ui/main_commands.h"
+#include "ui/register_window_layout.h"
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTabWidget>
-#include <QVBoxLayout>
 
 namespace {
-
-// A scroll area that asks for room for the whole of what it holds, so that a window
-// opens large enough to show it; it scrolls only in a window made smaller.
-class cWholeScrollArea : public QScrollArea
-{
-public:
-    using QScrollArea::QScrollArea;
-    QSize sizeHint() const override
-    {
-        if (!widget())
-            return QScrollArea::sizeHint();
-        const int frame = 2 * frameWidth();
-        return widget()->sizeHint() + QSize(frame, frame);
-    }
-};
 
 frmMaster *instance = nullptr;
 
@@ -54,32 +36,16 @@ frmMaster::frmMaster(QWidget *parent) : QWidget(parent)
     cmdNew = NewCommand(this, "cmdNew", tr("&New"));
     cmdUpdate = NewCommand(this, "cmdUpdate", tr("&Update"));
     cmdDelete = NewCommand(this, "cmdDelete", tr("&Delete"));
-    cmdView = NewCommand(this, "cmdView", tr("&View"));
+    cmdView = NewCommand(this, "cmdView", tr("V&iew"));
     cmdMatch = NewCommand(this, "cmdMatch", tr("Match to &BCF Grading List"));
     tbMaster = new QTabWidget(this);
     tbMaster->setObjectName(QStringLiteral("tbMaster"));
     cntlDetails = new cntlMasterDetails;
-    DropAltLetters(cntlDetails);
     cntlHist = new cntlPlayerHist(tbMaster);
-    // A small main window scrolls the details rather than cutting them.
-    auto *detailsArea = new cWholeScrollArea(tbMaster);
-    detailsArea->setWidget(cntlDetails);
-    detailsArea->setWidgetResizable(true);
-    detailsArea->setFrameShape(QFrame::NoFrame);
-    tbMaster->addTab(detailsArea, tr("Details"));
+    AddScrollingTab(tbMaster, cntlDetails, tr("Details"));
     tbMaster->addTab(cntlHist, tr("History"));
-
-    auto *commands = new QHBoxLayout;
-    for (QPushButton *button : {cmdNew, cmdUpdate, cmdDelete, cmdView, cmdMatch})
-        commands->addWidget(button);
-    commands->addStretch(1);
-    auto *right = new QVBoxLayout;
-    right->addLayout(commands);
-    right->addWidget(tbMaster, 1);
-    auto *layout = new QHBoxLayout(this);
-    layout->addWidget(lstMaster, 2);
-    layout->addLayout(right, 3);
-    setFocusProxy(lstMaster);
+    LayOutRegisterWindow(this, lstMaster, 2, {cmdNew, cmdUpdate, cmdDelete, cmdView, cmdMatch},
+                         tbMaster, 3);
 
     connect(lstMaster, &cntlMasterList::SelectionChanged, this,
             &frmMaster::lstMaster_SelectionChanged);

@@ -1,6 +1,7 @@
 #include "support/test_environment.h"
 #include "support/tournament_fixture.h"
 #include "support/widget_driving.h"
+#include "ui/cntl_master_list.h"
 #include "ui/frm_main.h"
 #include "ui/frm_master.h"
 
@@ -10,6 +11,7 @@
 #include <QMap>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTest>
 
 // The Alt letters of the main window as a person meets them: each letter reaches one
@@ -92,7 +94,12 @@ void TestAltLetters::noAltLetterOfTheMasterViewIsTakenTwice()
     frmMain window;
     ShowActive(window);
     window.ShowMasterView();
+    // A person on view, so that every command of the window is offered.
+    auto *list = window.findChild<cntlMasterList *>(QStringLiteral("lstMaster"));
+    QVERIFY(list);
+    list->SetTab(QStringLiteral("A"));
     QApplication::processEvents();
+    QVERIFY(window.findChild<QPushButton *>(QStringLiteral("cmdView"))->isEnabled());
     const QStringList clashes = Clashes(window);
     QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
 }

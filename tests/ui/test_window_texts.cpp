@@ -1,5 +1,7 @@
 #include "support/test_environment.h"
 #include "ui/frm_about.h"
+#include "ui/frm_contact.h"
+#include "ui/frm_contact_details.h"
 #include "ui/frm_load_bcf_list.h"
 #include "ui/frm_load_club_list.h"
 #include "ui/frm_main.h"
@@ -38,15 +40,18 @@ template <typename Window> std::unique_ptr<QWidget> Make()
 
 const QList<cWindowMaker> &Windows()
 {
-    static const QList<cWindowMaker> windows = {{"frmMain", Make<frmMain>},
-                                                {"frmSplash", Make<frmSplash>},
-                                                {"frmAbout", Make<frmAbout>},
-                                                {"frmNewDb", Make<frmNewDb>},
-                                                {"frmOptions", Make<frmOptions>},
-                                                {"frmLoadBCFList", Make<frmLoadBCFList>},
-                                                {"frmLoadClubList", Make<frmLoadClubList>},
-                                                {"frmProgress", Make<frmProgress>},
-                                                {"frmMsg", Make<frmMsg>}};
+    static const QList<cWindowMaker> windows = {
+        {"frmMain", Make<frmMain>},
+        {"frmSplash", Make<frmSplash>},
+        {"frmAbout", Make<frmAbout>},
+        {"frmNewDb", Make<frmNewDb>},
+        {"frmOptions", Make<frmOptions>},
+        {"frmLoadBCFList", Make<frmLoadBCFList>},
+        {"frmLoadClubList", Make<frmLoadClubList>},
+        {"frmProgress", Make<frmProgress>},
+        {"frmMsg", Make<frmMsg>},
+        {"frmContact", Make<frmContact>},
+        {"frmContactDetails", [] { return std::make_unique<frmContactDetails>(1, nullptr); }}};
     return windows;
 }
 
