@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <map>
+#include <set>
 
 namespace mSwiss {
 
@@ -18,29 +20,70 @@ constexpr int Mild = 1;
 // The highest weight the matching may be given: its duals reach four times an edge.
 constexpr int WeightBits = 122;
 
+// Weights for lists of score differences compared as the rules compare them: from the
+// largest difference down, the list with fewer of the larger ones is better. capacity
+// holds, for each difference that may occur, how many items of the list can have it at
+// most; each difference weighs one more than all smaller ones together can, so that a
+// sum of weights orders the lists exactly and takes no more room than the bracket needs.
+struct cDifferenceScale
+{
+    std::vector<int> differences; // ascending
+    std::vector<long long> weights;
+    // Above the weight of any list the capacities allow, when exact.
+    long long top = 1;
+    bool exact = true;
+
+    explicit cDifferenceScale(const std::map<int, int> &capacity = {})
+    {
+        // Beyond about fifty bits the scale would crowd out the criteria below it; so
+        // wide a range (many scores in one bracket) is ordered only approximately.
+        constexpr long long widest = 1LL << 50;
+        std::vector<long long> counts;
+        for (const auto &[difference, count] : capacity) {
+            differences.push_back(difference);
+            counts.push_back(count);
+        }
+        for (;;) {
+            weights.clear();
+            top = 1;
+            for (const long long count : counts) {
+                weights.push_back(top);
+                top = top <= widest ? top + count * top : top;
+            }
+            if (top <= widest)
+                break;
+            exact = false;
+            for (auto &count : counts)
+                count = std::max(1LL, count / 2);
+        }
+    }
+
+    long long Weight(int difference) const
+    {
+        const auto at = std::lower_bound(differences.begin(), differences.end(), difference);
+        return at != differences.end() && *at == difference
+                   ? weights[size_t(at - differences.begin())]
+                   : 0;
+    }
+};
+
 } // namespace
 
 // What the weights of one bracket depend on besides the two players.
 struct cDutchPairing::cContext
 {
     int bracketScore = 0;
-    long long base = 2;
-    std::vector<int> differences; // the score differences that occur, ascending
-    std::vector<int> position;    // by player index: place among the floaters or residents
-    std::vector<char> floater;    // by player index: came down from a higher bracket
+    std::vector<int> position; // by player index: place among the floaters or residents
+    std::vector<char> floater; // by player index: came down from a higher bracket
     int floaters = 0;
     int residents = 0;
     int size = 0;
-
-    long long Power(int difference) const
-    {
-        const auto rank = std::lower_bound(differences.begin(), differences.end(), difference) -
-                          differences.begin();
-        long long value = 1;
-        for (auto i = 0; i < rank; ++i)
-            value *= base;
-        return value;
-    }
+    // C6, then C16-C19 (down, up, down two rounds back, up two rounds back).
+    cDifferenceScale differences;
+    std::array<cDifferenceScale, 4> floatDifferences;
+    // C7: the bracket the downfloaters make with the next scoregroup's residents.
+    int followingScore = 0;
+    cDifferenceScale followingDifferences;
 };
 
 cDutchPairing::cDutchPairing(const cSwissTournament &tournament) : tournament_(tournament)
@@ -217,44 +260,75 @@ cDutchPairing::cContext cDutchPairing::ContextOf(const cBracket &bracket) const
     const size_t n = players_.size();
     context.position.assign(n + 1, 0);
     context.floater.assign(n + 1, 0);
-    int lowest = -1;
+    std::vector<int> members;
     for (const int member : bracket.members)
-        if (member != ByeVertex()) {
-            const int score = players_[size_t(member)].score;
-            lowest = lowest < 0 ? score : std::min(lowest, score);
-        }
+        if (member != ByeVertex())
+            members.push_back(member);
+    if (members.empty())
+        return context;
+    const auto score = [&](int player) { return players_[size_t(player)].score; };
+    std::map<int, int> scores; // how many members have each score
+    for (const int member : members)
+        ++scores[score(member)];
+    const int lowest = scores.begin()->first;
     context.bracketScore = lowest;
-    for (const int member : bracket.members) {
-        if (member == ByeVertex())
-            continue;
+    for (const int member : members) {
         ++context.size;
-        if (players_[size_t(member)].score > lowest) {
+        if (score(member) > lowest) {
             context.floater[size_t(member)] = 1;
             context.position[size_t(member)] = context.floaters++;
         } else {
             context.position[size_t(member)] = context.residents++;
         }
     }
-    // A player left unpaired counts as two half points above the score below the
-    // bracket's; the differences are weighed by powers of a base larger than the
-    // bracket, so that one larger difference outweighs any number of smaller ones.
-    for (const int a : bracket.members) {
-        if (a == ByeVertex())
-            continue;
-        context.differences.push_back(players_[size_t(a)].score - lowest + 2);
-        for (const int b : bracket.members)
-            if (b != ByeVertex())
-                context.differences.push_back(
-                    std::abs(players_[size_t(a)].score - players_[size_t(b)].score));
+
+    // A downfloater's difference is taken to a score one point (two half points) below
+    // the lowest of its bracket (A.8). Each player counts once for each difference it
+    // may be part of: no list holds more items of a difference than that.
+    const auto differencesOf = [](int own, int below, const std::map<int, int> &field) {
+        std::set<int> differences{own - below + 2};
+        for (const auto &[other, count] : field)
+            if (other != own || count > 1)
+                differences.insert(std::abs(own - other));
+        return differences;
+    };
+    std::map<int, int> capacity;
+    for (const int member : members)
+        for (const int difference : differencesOf(score(member), lowest, scores))
+            ++capacity[difference];
+    context.differences = cDifferenceScale(capacity);
+
+    // Repeated downfloats are those left to float; repeated upfloats are the lower
+    // players of pairs with different scores.
+    for (size_t back = 0; back < 2; ++back) {
+        std::map<int, int> down;
+        std::map<int, int> up;
+        for (const int member : members) {
+            const cState &state = players_[size_t(member)];
+            if (state.downfloated[back])
+                ++down[state.score - lowest + 2];
+            if (state.upfloated[back])
+                for (const auto &[other, count] : scores)
+                    if (other > state.score)
+                        ++up[other - state.score];
+        }
+        context.floatDifferences[2 * back] = cDifferenceScale(down);
+        context.floatDifferences[2 * back + 1] = cDifferenceScale(up);
     }
-    std::sort(context.differences.begin(), context.differences.end());
-    context.differences.erase(std::unique(context.differences.begin(), context.differences.end()),
-                              context.differences.end());
-    context.base = context.size + 2;
-    const double top = std::pow(double(context.base), double(context.differences.size()));
-    if (top > 1e15)
-        context.base = std::max<long long>(
-            2, (long long)std::pow(1e15, 1.0 / double(context.differences.size())));
+
+    if (!bracket.following.empty()) {
+        context.followingScore = score(bracket.following.front());
+        std::map<int, int> field = scores;
+        field[context.followingScore] += int(bracket.following.size());
+        std::map<int, int> following;
+        for (const int player : members)
+            for (const int difference : differencesOf(score(player), context.followingScore, field))
+                ++following[difference];
+        for (const int difference :
+             differencesOf(context.followingScore, context.followingScore, field))
+            following[difference] += int(bracket.following.size());
+        context.followingDifferences = cDifferenceScale(following);
+    }
     return context;
 }
 
@@ -264,6 +338,7 @@ tQuality cDutchPairing::EdgeQuality(const cContext &context, int a, int b) const
     q[0] = 1;
     if (b == ByeVertex())
         std::swap(a, b);
+    // Indices: C5, C6, C8-C19. Every criterion is a gain, larger being better.
     if (a == ByeVertex()) {
         // The bye's receiver keeps its score difference and floats down.
         q[2] = 2;
@@ -276,9 +351,10 @@ tQuality cDutchPairing::EdgeQuality(const cContext &context, int a, int b) const
     }
     const cState &p = players_[size_t(a)];
     const cState &r = players_[size_t(b)];
-    q[1] = context.Power(p.score - context.bracketScore + 2) +
-           context.Power(r.score - context.bracketScore + 2) -
-           context.Power(std::abs(p.score - r.score));
+    const int below = context.bracketScore - 2;
+    const int apart = std::abs(p.score - r.score);
+    q[1] = context.differences.Weight(p.score - below) +
+           context.differences.Weight(r.score - below) - context.differences.Weight(apart);
 
     const auto [white, black] = Colours(a, b);
     int wide = 0;
@@ -305,6 +381,14 @@ tQuality cDutchPairing::EdgeQuality(const cContext &context, int a, int b) const
     q[7] = lowerOne && lowerOne->upfloated[0] ? 0 : 1;
     q[8] = int(p.downfloated[1]) + int(r.downfloated[1]);
     q[9] = lowerOne && lowerOne->upfloated[1] ? 0 : 1;
+    for (size_t back = 0; back < 2; ++back) {
+        const cDifferenceScale &down = context.floatDifferences[2 * back];
+        q[10 + 2 * back] = (p.downfloated[back] ? down.Weight(p.score - below) : 0) +
+                           (r.downfloated[back] ? down.Weight(r.score - below) : 0);
+        q[11 + 2 * back] = lowerOne && lowerOne->upfloated[back]
+                               ? -context.floatDifferences[2 * back + 1].Weight(apart)
+                               : 0;
+    }
     return q;
 }
 
@@ -348,50 +432,81 @@ tQuality cDutchPairing::Quality(const cBracket &bracket,
 }
 
 std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bracket,
-                                                             bool withLower) const
+                                                             eReach reach) const
 {
     std::vector<int> vertices = bracket.members;
     const size_t inBracket = vertices.size();
-    if (withLower) {
+    if (reach == eReach::Lower) {
         vertices.insert(vertices.end(), bracket.lower.begin(), bracket.lower.end());
         if (vertices.size() % 2 == 1)
             vertices.push_back(ByeVertex());
+    } else if (reach == eReach::Following) {
+        vertices.insert(vertices.end(), bracket.following.begin(), bracket.following.end());
     }
     const cContext context = ContextOf(bracket);
 
     // Components from the highest priority down: with the players below, completing
-    // the round comes first; then the criteria; then the natural order.
-    const int components = QualityCriteria + 3;
+    // the round; C5 and C6; C7's pairs and score differences in the following bracket;
+    // C8-C19; then the natural order.
+    constexpr int Completion = 0;
+    constexpr int FollowingPairs = 3;
+    constexpr int FollowingDifferences = 4;
+    constexpr int Components = QualityCriteria + 5;
+    const auto componentOf = [](int criterion) {
+        return criterion < 2 ? criterion + 1 : criterion + 3;
+    };
     struct cCandidate
     {
         int u;
         int v;
-        std::array<long long, QualityCriteria + 3> value;
+        std::array<long long, Components> value;
+    };
+    // In the following bracket a player left alone floats on with its difference to one
+    // point below that bracket's score.
+    const auto alone = [&](int player) {
+        return context.followingDifferences.Weight(players_[size_t(player)].score -
+                                                   context.followingScore + 2);
     };
     std::vector<cCandidate> candidates;
     for (size_t i = 0; i < vertices.size(); ++i)
         for (size_t j = i + 1; j < vertices.size(); ++j) {
-            if (!Compatible(vertices[i], vertices[j]))
+            const int a = vertices[i];
+            const int b = vertices[j];
+            if (!Compatible(a, b))
                 continue;
             cCandidate candidate{int(i), int(j), {}};
-            candidate.value[0] = 1;
+            candidate.value[Completion] = reach == eReach::Lower ? 1 : 0;
             if (i < inBracket && j < inBracket) {
-                const tQuality q = EdgeQuality(context, vertices[i], vertices[j]);
-                std::copy(q.begin(), q.end(), candidate.value.begin() + 1);
-                const auto [floaters, natural] = TieBreak(context, vertices[i], vertices[j]);
-                candidate.value[size_t(components - 2)] = floaters;
-                candidate.value[size_t(components - 1)] = natural;
+                const tQuality q = EdgeQuality(context, a, b);
+                for (int k = 0; k < QualityCriteria; ++k)
+                    candidate.value[size_t(componentOf(k))] = q[size_t(k)];
+                const auto [floaters, natural] = TieBreak(context, a, b);
+                candidate.value[Components - 2] = floaters;
+                candidate.value[Components - 1] = natural;
+                // Paired here, neither is left to the following bracket.
+                if (reach == eReach::Following)
+                    candidate.value[FollowingDifferences] = alone(a) + alone(b);
+            } else if (reach == eReach::Following) {
+                candidate.value[FollowingPairs] = 1;
+                candidate.value[FollowingDifferences] =
+                    alone(a) + alone(b) -
+                    context.followingDifferences.Weight(
+                        std::abs(players_[size_t(a)].score - players_[size_t(b)].score));
             }
             candidates.push_back(candidate);
         }
-    if (!withLower)
-        for (auto &candidate : candidates)
-            candidate.value[0] = 0;
 
-    // A criterion worth the same on every pair decides nothing: below the counts of
-    // pairs, each criterion starts from its least value, so that it takes no more room
-    // in the weight than its spread. Matchings compared on it have equally many pairs.
-    for (int k = 2; k < components; ++k) {
+    // A criterion worth the same on every pair decides nothing: apart from the counts
+    // of pairs, each criterion starts from its least value, so that it takes no more
+    // room in the weight than its spread. Matchings compared on it have equally many
+    // pairs, or the least value is nought.
+    std::array<long long, Components> highest{};
+    for (int k = 0; k < Components; ++k) {
+        if (k == Completion || k == componentOf(0) || k == FollowingPairs) {
+            for (const auto &candidate : candidates)
+                highest[size_t(k)] = std::max(highest[size_t(k)], candidate.value[size_t(k)]);
+            continue;
+        }
         long long least = 0;
         bool first = true;
         for (const auto &candidate : candidates) {
@@ -399,37 +514,95 @@ std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bra
                 first ? candidate.value[size_t(k)] : std::min(least, candidate.value[size_t(k)]);
             first = false;
         }
-        for (auto &candidate : candidates)
+        for (auto &candidate : candidates) {
             candidate.value[size_t(k)] -= least;
+            highest[size_t(k)] = std::max(highest[size_t(k)], candidate.value[size_t(k)]);
+        }
     }
 
-    // Each component's total over the matching stays below its radix, so that it can
-    // never outweigh one unit of a component above it.
-    const auto maxPairs = static_cast<long long>(vertices.size() / 2 + 1);
-    std::vector<long double> radix(size_t(components), 1.0L);
-    std::vector<mMatching::tWeight> scale(size_t(components), 1);
-    std::vector<char> kept(size_t(components), 1);
+    // The spread of a component's total over the matchings compared on it: no more than
+    // half the sum of each vertex's best value, and for lists of score differences less
+    // than their scale's top.
+    std::array<long double, Components> spread{};
+    {
+        std::vector<long long> best(vertices.size());
+        for (int k = 0; k < Components; ++k) {
+            std::fill(best.begin(), best.end(), 0);
+            for (const auto &candidate : candidates) {
+                const long long value = candidate.value[size_t(k)];
+                best[size_t(candidate.u)] = std::max(best[size_t(candidate.u)], value);
+                best[size_t(candidate.v)] = std::max(best[size_t(candidate.v)], value);
+            }
+            long double sum = 0;
+            for (const long long value : best)
+                sum += (long double)value;
+            spread[size_t(k)] = std::floor(sum / 2);
+        }
+        const auto cap = [&](int k, const cDifferenceScale &scale) {
+            if (scale.exact)
+                spread[size_t(k)] = std::min(spread[size_t(k)], (long double)(scale.top - 1));
+        };
+        cap(componentOf(1), context.differences);
+        cap(FollowingDifferences, context.followingDifferences);
+        for (int f = 0; f < 4; ++f)
+            cap(componentOf(10 + f), context.floatDifferences[size_t(f)]);
+    }
+
+    // A criterion that only repeats one above it, to a positive factor, decides nothing
+    // (in a bracket of one score the repeated floats' differences are all alike).
+    std::array<char, Components> kept{};
+    kept.fill(1);
+    for (int k = 2; k < Components; ++k) {
+        if (highest[size_t(k)] == 0) {
+            kept[size_t(k)] = 0;
+            continue;
+        }
+        for (int j = 1; j < k && kept[size_t(k)]; ++j) {
+            if (highest[size_t(j)] == 0)
+                continue;
+            long long vj = 0;
+            long long vk = 0;
+            for (const auto &candidate : candidates)
+                if (candidate.value[size_t(j)] != 0) {
+                    vj = candidate.value[size_t(j)];
+                    vk = candidate.value[size_t(k)];
+                    break;
+                }
+            bool proportional = true;
+            for (const auto &candidate : candidates)
+                if (__int128(candidate.value[size_t(k)]) * vj !=
+                    __int128(candidate.value[size_t(j)]) * vk) {
+                    proportional = false;
+                    break;
+                }
+            if (proportional)
+                kept[size_t(k)] = 0;
+        }
+    }
+
+    // Each component's spread stays below its radix, so that it can never outweigh one
+    // unit of a component above it; two bits are kept for single pairs worth more than
+    // the spread.
+    std::array<long double, Components> radix{};
     for (;;) {
         long double bits = 0;
-        for (int k = 0; k < components; ++k) {
-            long long highest = 0;
-            for (const auto &candidate : candidates)
-                highest = std::max(highest, candidate.value[size_t(k)]);
-            radix[size_t(k)] = kept[size_t(k)] ? (long double)(highest)*maxPairs + 1 : 1;
+        for (int k = 0; k < Components; ++k) {
+            radix[size_t(k)] = kept[size_t(k)] ? spread[size_t(k)] + 1 : 1;
             bits += std::log2(radix[size_t(k)]);
         }
-        if (bits <= WeightBits)
+        if (bits <= WeightBits - 2)
             break;
         // Too wide for one weight: let go of the lowest priorities first.
-        int drop = components - 1;
+        int drop = Components - 1;
         while (drop > 1 && !kept[size_t(drop)])
             --drop;
         if (drop <= 1)
             break;
         kept[size_t(drop)] = 0;
     }
+    std::array<mMatching::tWeight, Components> scale{};
     mMatching::tWeight running = 1;
-    for (int k = components - 1; k >= 0; --k) {
+    for (int k = Components - 1; k >= 0; --k) {
         scale[size_t(k)] = kept[size_t(k)] ? running : 0;
         running *= mMatching::tWeight(radix[size_t(k)]);
     }
@@ -437,7 +610,7 @@ std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bra
     mMatching::cWeightedMatching matching(int(vertices.size()));
     for (const auto &candidate : candidates) {
         mMatching::tWeight weight = 0;
-        for (int k = 0; k < components; ++k)
+        for (int k = 0; k < Components; ++k)
             weight += scale[size_t(k)] * candidate.value[size_t(k)];
         // Every compatible pair stays an edge, even one worth nothing to the criteria.
         matching.AddEdge(candidate.u, candidate.v, weight * 2 + 1);
@@ -452,20 +625,67 @@ std::vector<std::pair<int, int>> cDutchPairing::MatchBracket(const cBracket &bra
     return pairs;
 }
 
+bool cDutchPairing::FollowingAtBest(const cBracket &bracket,
+                                    const std::vector<int> &downfloaters) const
+{
+    // With as many pairs as possible the downfloaters cannot meet each other (else they
+    // would be paired here), so in the following bracket each of them costs at least
+    // the difference from the bracket's lowest score to the next one, with the residents
+    // paired among themselves at no difference but the one left over. Downfloaters of
+    // that lowest score who can all be paired with residents, the rest of whom can be
+    // paired up to that one, leave C7 nothing better to find.
+    int lowest = players_[size_t(downfloaters.front())].score;
+    for (const int member : bracket.members)
+        if (member != ByeVertex())
+            lowest = std::min(lowest, players_[size_t(member)].score);
+    for (const int player : downfloaters)
+        if (players_[size_t(player)].score != lowest)
+            return false;
+    std::vector<int> vertices = downfloaters;
+    vertices.insert(vertices.end(), bracket.following.begin(), bracket.following.end());
+    // The odd one over pairs with a stand-in that only residents may meet.
+    const size_t count = vertices.size();
+    const size_t m = count + count % 2;
+    std::vector<char> allowed(m * m, 0);
+    for (size_t i = 0; i < count; ++i)
+        for (size_t j = std::max(i + 1, downfloaters.size()); j < m; ++j)
+            if (j < count ? Compatible(vertices[i], vertices[j]) : i >= downfloaters.size())
+                allowed[i * m + j] = allowed[j * m + i] = 1;
+    return mMatching::cCardinalityMatching(int(m), allowed).Perfect();
+}
+
 bool cDutchPairing::PairBracket(cBracket &bracket)
 {
-    bracket.pairs = MatchBracket(bracket, false);
-    if (bracket.last)
-        return bracket.pairs.size() * 2 == bracket.members.size();
-    std::vector<int> rest = bracket.lower;
+    bracket.pairs = MatchBracket(bracket, eReach::Bracket);
     std::vector<char> paired(players_.size() + 1, 0);
-    for (const auto &[a, b] : bracket.pairs)
-        paired[size_t(a)] = paired[size_t(b)] = 1;
-    for (const int member : bracket.members)
-        if (!paired[size_t(member)])
-            rest.push_back(member);
-    if (!Completable(rest))
-        bracket.pairs = MatchBracket(bracket, true);
+    const auto unpaired = [&] {
+        std::fill(paired.begin(), paired.end(), 0);
+        for (const auto &[a, b] : bracket.pairs)
+            paired[size_t(a)] = paired[size_t(b)] = 1;
+        std::vector<int> left;
+        for (const int member : bracket.members)
+            if (!paired[size_t(member)])
+                left.push_back(member);
+        return left;
+    };
+    std::vector<int> downfloaters = unpaired();
+    // C7 has something to choose only when somebody floats down and the bracket's own
+    // best does not already give the following bracket all it can have.
+    if (!bracket.following.empty() && !downfloaters.empty() &&
+        !FollowingAtBest(bracket, downfloaters)) {
+        bracket.pairs = MatchBracket(bracket, eReach::Following);
+        downfloaters = unpaired();
+    }
+    if (bracket.last)
+        return downfloaters.empty();
+    std::vector<int> rest = bracket.lower;
+    rest.insert(rest.end(), downfloaters.begin(), downfloaters.end());
+    if (!Completable(rest)) {
+        // The penultimate pairing bracket: paired again to complete the round, without C7.
+        bracket.penultimate = true;
+        bracket.following.clear();
+        bracket.pairs = MatchBracket(bracket, eReach::Lower);
+    }
     return true;
 }
 
@@ -488,11 +708,17 @@ cRoundPairing cDutchPairing::Pair()
         return result;
     }
 
-    std::vector<int> floaters;
-    for (int start = 0; start < n;) {
+    const auto scoregroupEnd = [&](int start) {
         int end = start;
         while (end < n && players_[size_t(end)].score == players_[size_t(start)].score)
             ++end;
+        return end;
+    };
+    std::vector<int> floaters;
+    bool collapsed = false;
+    for (int start = 0; start < n;) {
+        // After the penultimate pairing bracket everybody left makes the last bracket.
+        const int end = collapsed ? n : scoregroupEnd(start);
         cBracket bracket;
         bracket.members = floaters;
         for (int i = start; i < end; ++i)
@@ -500,6 +726,8 @@ cRoundPairing cDutchPairing::Pair()
         for (int i = end; i < n; ++i)
             bracket.lower.push_back(i);
         bracket.last = end == n;
+        for (int i = end; i < scoregroupEnd(end); ++i)
+            bracket.following.push_back(i);
         if (bracket.last && bracket.members.size() % 2 == 1)
             bracket.members.push_back(ByeVertex());
         if (!PairBracket(bracket)) {
@@ -514,6 +742,7 @@ cRoundPairing cDutchPairing::Pair()
         for (const int member : bracket.members)
             if (!paired[size_t(member)])
                 floaters.push_back(member);
+        collapsed = bracket.penultimate;
         brackets_.push_back(bracket);
         start = end;
     }

@@ -8,16 +8,19 @@
 
 // The next round of a Swiss tournament by the Dutch system. Players are taken score
 // bracket by score bracket from the top; each bracket is paired as a maximum-weight
-// matching whose weights put the criteria in their order of priority, after making
-// sure that what it leaves behind can still be paired completely. Colours follow the
-// allocation rules, boards the usual order with the bye last.
+// matching whose weights put the criteria in their order of priority. A bracket whose
+// downfloaters would leave the round incomplete is paired again to complete it, and
+// everybody below it makes one last bracket. Colours follow the allocation rules,
+// boards the usual order with the bye last.
 namespace mSwiss {
 
-// The number of criteria weighed in a bracket, highest priority first: pairs made,
-// score differences, the top scorers' colour difference and runs, colour preferences
-// and strong colour preferences not granted, repeated down- and upfloats one and two
-// rounds back.
-constexpr int QualityCriteria = 10;
+// The number of criteria weighed within a bracket, highest priority first: pairs made
+// (C5), score differences (C6), the top scorers' colour difference and runs (C8, C9),
+// colour preferences and strong colour preferences not granted (C10, C11), repeated
+// down- and upfloats one and two rounds back (C12-C15) and the score differences of
+// those repeated floats (C16-C19). C7 weighs the following bracket; it comes between
+// C6 and C8 when a bracket is matched and is not part of this array.
+constexpr int QualityCriteria = 14;
 using tQuality = std::array<long long, QualityCriteria>;
 
 class cDutchPairing
@@ -33,7 +36,13 @@ public:
     {
         std::vector<int> members;
         std::vector<int> lower;
+        // The residents of the next scoregroup when C7 applies: the bracket is neither
+        // the penultimate pairing bracket nor the last one.
+        std::vector<int> following;
         bool last = false;
+        // Its downfloaters did not let the round be completed, so it was paired again to
+        // complete it, and everybody below makes the collapsed last bracket (A.9).
+        bool penultimate = false;
         std::vector<std::pair<int, int>> pairs;
     };
     const std::vector<cBracket> &Brackets() const { return brackets_; }
@@ -41,6 +50,8 @@ public:
     int ByeVertex() const { return int(players_.size()); }
     int PlayerCount() const { return int(players_.size()); }
     int NumberAt(int index) const { return players_[size_t(index)].number; }
+    // In half points.
+    int ScoreAt(int index) const { return players_[size_t(index)].score; }
     // The absolute criteria: not met before, no shared absolute colour preference
     // (top scorers of the last round excepted), the bye only once.
     bool Compatible(int a, int b) const;
@@ -71,7 +82,12 @@ private:
     std::array<long long, QualityCriteria> EdgeQuality(const cContext &context, int a, int b) const;
     std::pair<long long, long long> TieBreak(const cContext &context, int a, int b) const;
     bool PairBracket(cBracket &bracket);
-    std::vector<std::pair<int, int>> MatchBracket(const cBracket &bracket, bool withLower) const;
+    // True when no other choice of downfloaters could make a better following bracket.
+    bool FollowingAtBest(const cBracket &bracket, const std::vector<int> &downfloaters) const;
+    // Bracket: its own members only. Lower: with everybody below, completing the round
+    // first. Following: with the next scoregroup's residents, to weigh C7.
+    enum class eReach { Bracket, Lower, Following };
+    std::vector<std::pair<int, int>> MatchBracket(const cBracket &bracket, eReach reach) const;
     // White first.
     std::pair<int, int> Colours(int a, int b) const;
     bool Met(int a, int b) const;

@@ -254,7 +254,7 @@ void TestTrfFile::workedExamplesGiveTheirPairings()
 {
     const QStringList fixtures = QDir(QStringLiteral(VELMORA_TEST_DATA "/pairing"))
                                      .entryList({QStringLiteral("*.trf")}, QDir::Files);
-    QCOMPARE(fixtures.size(), 7);
+    QCOMPARE(fixtures.size(), 8);
     for (const QString &name : fixtures) {
         const cTrfReading reading = ReadTrf(FixtureText(name).toStdString());
         QVERIFY2(reading.ok, reading.message.c_str());
