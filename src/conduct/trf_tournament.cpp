@@ -2,6 +2,7 @@
 
 #include "base/common.h"
 #include "conduct/tournament_pairing.h"
+#include "database/load_values.h"
 #include "database/sql.h"
 #include "register/master.h"
 #include "session/control.h"
@@ -310,15 +311,15 @@ std::optional<cTrfImport> PlanEntrants(const mSwiss::cTrfFile &file, cPlan &plan
         entrant.forename = comma < 0 ? QString() : name.mid(comma + 1).trimmed();
         entrant.rating = file.tournament.entrants[i].rating;
         const int line = file.players[i].line;
+        // Quoted cut short, so that a huge field never makes a huge message box.
         if (entrant.surname.size() > SurnameSize)
-            return Refused(line, QStringLiteral("the surname \"") + entrant.surname +
-                                     QStringLiteral("\" is longer than ") +
-                                     QString::number(SurnameSize) + QStringLiteral(" characters."));
+            return Refused(line, QStringLiteral("the surname \"%1\" is longer than %2 characters.")
+                                     .arg(MessageExcerpt(entrant.surname))
+                                     .arg(SurnameSize));
         if (entrant.forename.size() > ForenameSize)
-            return Refused(line, QStringLiteral("the forename \"") + entrant.forename +
-                                     QStringLiteral("\" is longer than ") +
-                                     QString::number(ForenameSize) +
-                                     QStringLiteral(" characters."));
+            return Refused(line, QStringLiteral("the forename \"%1\" is longer than %2 characters.")
+                                     .arg(MessageExcerpt(entrant.forename))
+                                     .arg(ForenameSize));
         plan.entrants.push_back(entrant);
     }
     return std::nullopt;
