@@ -164,18 +164,20 @@ void ReadTournaments(cPackedCells &cells)
     }
 }
 
-// Every person of the register as the list shows them, and the surname alone that a
-// letter tab or a search looks at, in the order of the table.
-void ReadRegister(cPackedCells &cells)
+// People of the register or the contacts as the list shows them: the id, the name,
+// the code where the table has one, and the surname alone that a letter tab or a
+// search looks at, in the order of the table.
+void ReadPeople(cPackedCells &cells, const QString &table, const QString &idField, bool withCode)
 {
     // Room enough for long names: a reservation costs nothing until it is written,
     // while growing copies the whole buffer.
     const auto people =
-        std::size_t(SqlScalar(QStringLiteral("SELECT count(*) FROM Master")).toLongLong());
+        std::size_t(SqlScalar(QStringLiteral("SELECT count(*) FROM ") + table).toLongLong());
     cells.Reserve(people, people * 80);
     static constexpr char16_t separator[] = u", ";
     // Texts are read as the engine keeps them and widened into the list's buffer.
-    cBulkRead rows(QStringLiteral("SELECT MasterId, Surname, Forename, Code FROM Master"));
+    cBulkRead rows(QStringLiteral("SELECT ") + idField + QStringLiteral(", Surname, Forename") +
+                   (withCode ? QStringLiteral(", Code FROM ") : QStringLiteral(" FROM ")) + table);
     while (rows.Next()) {
         cells.AppendUtf8(rows.Utf8View(0));
         cells.EndCell();
@@ -183,8 +185,10 @@ void ReadRegister(cPackedCells &cells)
         cells.Append(separator);
         cells.AppendUtf8(rows.Utf8View(2));
         cells.EndCell();
-        cells.AppendUtf8(rows.Utf8View(3));
-        cells.EndCell();
+        if (withCode) {
+            cells.AppendUtf8(rows.Utf8View(3));
+            cells.EndCell();
+        }
         cells.AppendUtf8(rows.Utf8View(1));
         cells.EndCell();
     }
@@ -203,25 +207,6 @@ void ReadBCFList(cPackedCells &cells)
         cells.EndCell();
         // The code is shown again in its own column.
         cells.AppendUtf8(rows.Utf8View(0));
-        cells.EndCell();
-    }
-}
-
-// The contacts as the list shows them, and the surname alone; the table is made the
-// first time anything asks for it.
-void ReadContacts(cPackedCells &cells)
-{
-    cContact::EnsureContactTable();
-    static constexpr char16_t separator[] = u", ";
-    cBulkRead rows(QStringLiteral("SELECT ContactId, Surname, Forename FROM Contact"));
-    while (rows.Next()) {
-        cells.AppendUtf8(rows.Utf8View(0));
-        cells.EndCell();
-        cells.AppendUtf8(rows.Utf8View(1));
-        cells.Append(separator);
-        cells.AppendUtf8(rows.Utf8View(2));
-        cells.EndCell();
-        cells.AppendUtf8(rows.Utf8View(1));
         cells.EndCell();
     }
 }
@@ -281,10 +266,12 @@ std::shared_ptr<const cPackedCells> cDataListModel::WholeList(DataListKind kind)
         auto cells = std::make_shared<cPackedCells>();
         if (kind == DataListKind::Master) {
             cells->Clear(RegisterColumns);
-            ReadRegister(*cells);
+            ReadPeople(*cells, QStringLiteral("Master"), QStringLiteral("MasterId"), true);
         } else if (kind == DataListKind::Contacts) {
+            // The contacts' table is made the first time anything asks for it.
+            cContact::EnsureContactTable();
             cells->Clear(ContactColumns);
-            ReadContacts(*cells);
+            ReadPeople(*cells, QStringLiteral("Contact"), QStringLiteral("ContactId"), false);
         } else {
             cells->Clear(ColumnCountOf(kind));
             ReadBCFList(*cells);
