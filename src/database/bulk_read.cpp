@@ -74,16 +74,6 @@ bool cBulkRead::Next()
     return false;
 }
 
-QString cBulkRead::Text(int column) const
-{
-    if (fallback_)
-        return TextOf(fallback_->value(column));
-    const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(prepared_, column));
-    if (!text)
-        return QString();
-    return QString::fromUtf8(text, sqlite3_column_bytes(prepared_, column));
-}
-
 std::string_view cBulkRead::Utf8View(int column) const
 {
     if (fallback_) {

@@ -25,11 +25,9 @@ public:
 
     // Moves to the next row; false after the last.
     bool Next();
-    // A column of the row as text, counting from 0: "" for null, a number as the
-    // engine writes it.
-    QString Text(int column) const;
-    // The same text in UTF-8 without a copy, valid until the next call of either; for
-    // reading many rows straight into one buffer.
+    // A column of the row in UTF-8 without a copy, valid until the next call: "" for
+    // null, a number as the engine writes it. For reading many rows straight into one
+    // buffer.
     std::string_view Utf8View(int column) const;
 
 private:

@@ -7,8 +7,21 @@
 
 #include <sqlite3.h>
 
+namespace {
+
+bool handleRefused = false;
+
+} // namespace
+
+void setSharedHandleRefused(bool refused)
+{
+    handleRefused = refused;
+}
+
 sqlite3 *SharedSqliteHandle()
 {
+    if (handleRefused)
+        return nullptr;
     const QVariant handle = SessionConnection().driver()->handle();
     if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
         return nullptr;

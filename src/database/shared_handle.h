@@ -8,3 +8,7 @@ struct sqlite3;
 // through it, because Qt's value-by-value binding and reading cost more than the
 // engine's own work for a hundred thousand rows.
 sqlite3 *SharedSqliteHandle();
+
+// Makes the program act as if the driver kept a SQLite library of its own, so that the
+// way through Qt's binding is tried too; for tests.
+void setSharedHandleRefused(bool refused);

@@ -1,4 +1,5 @@
 #include "conduct/conduct_fixture.h"
+#include "database/shared_handle.h"
 #include "database/sql.h"
 #include "support/test_environment.h"
 #include "support/widget_driving.h"
@@ -73,6 +74,7 @@ private slots:
     void aFilterFindsWhatTheEnginesLikeFinds();
     void rowsWrittenAfterAListWasShownAppearOnTheNextLoad();
     void aDatabaseOpenedAfreshIsReadAfresh();
+    void listsReadThroughQtShowTheSameRows();
     void eachKindShowsItsHeadings();
     void typingFindsTheFirstNameAndShowsTheText();
     void typingAfterFiveSecondsStartsAfresh();
@@ -287,6 +289,39 @@ void TestCntlDataList::aDatabaseOpenedAfreshIsReadAfresh()
     model.Load(DataListKind::Master, QString());
     QCOMPARE(model.RowCount(), 1);
     QCOMPARE(model.Cell(0, cDataListModel::NameColumn), QStringLiteral("Young, Yvonne"));
+}
+
+void TestCntlDataList::listsReadThroughQtShowTheSameRows()
+{
+    AddMaster(1, QStringLiteral("Smith"), QStringLiteral("Ann"), QStringLiteral("123456A"));
+    AddMaster(2, QStringLiteral("\u00c9mile"), QStringLiteral("Zo\u00eb"));
+    RunSql(QStringLiteral("INSERT INTO Master (MasterId, Forename) VALUES (3, 'NoSurname')"));
+    AddGraded(QStringLiteral("100001A"), QStringLiteral("Smith, Ann"));
+    const auto rowsOf = [](DataListKind kind, const QString &filter) {
+        cDataListModel model;
+        model.Load(kind, filter);
+        QStringList rows;
+        for (int row = 0; row < model.RowCount(); ++row)
+            rows << model.Cell(row, 0) + u'|' + model.Cell(row, 1) + u'|' + model.Cell(row, 2);
+        return rows;
+    };
+    const QStringList direct = rowsOf(DataListKind::Master, QString());
+    const QStringList letter = rowsOf(DataListKind::Master, QStringLiteral("s"));
+    const QStringList graded = rowsOf(DataListKind::BCFList, QString());
+    QCOMPARE(direct, QStringList({QStringLiteral("1|Smith, Ann|123456A"),
+                                  QStringLiteral("2|\u00c9mile, Zo\u00eb|"),
+                                  QStringLiteral("3|, NoSurname|")}));
+    // As with a driver that keeps a SQLite library of its own: no shared handle, no
+    // list kept between loads, the same rows.
+    setSharedHandleRefused(true);
+    const QStringList throughQt = rowsOf(DataListKind::Master, QString());
+    AddMaster(4, QStringLiteral("Stone"), QStringLiteral("Sam"));
+    const QStringList letterThroughQt = rowsOf(DataListKind::Master, QStringLiteral("s"));
+    const QStringList gradedThroughQt = rowsOf(DataListKind::BCFList, QString());
+    setSharedHandleRefused(false);
+    QCOMPARE(throughQt, direct);
+    QCOMPARE(letterThroughQt, letter + QStringList{QStringLiteral("4|Stone, Sam|")});
+    QCOMPARE(gradedThroughQt, graded);
 }
 
 void TestCntlDataList::eachKindShowsItsHeadings()
