@@ -68,6 +68,7 @@ class TestFrmMain : public QObject
 private slots:
     void cleanup() { ClearPosition(); }
     void defaultPositionComesFromTwips();
+    void firstWindowGrowsToShowTheMasterView();
     void positionIsRestoredFromSettings();
     void closeSavesPositionInTwips();
     void closingWhileMaximisedKeepsTheLastNormalPosition();
@@ -101,6 +102,19 @@ void TestFrmMain::defaultPositionComesFromTwips()
                 QStringLiteral("MainHeight"), QStringLiteral("6000"));
     frmMain window;
     QCOMPARE(window.size(), QSize(9000 / 15, 6000 / 15));
+}
+
+void TestFrmMain::firstWindowGrowsToShowTheMasterView()
+{
+    cTestSession session;
+    frmMain window;
+    const QSize defaultSize(12200 / 15, 8100 / 15);
+    const QSize room = window.screen()->availableGeometry().size();
+    if (room.width() <= defaultSize.width())
+        QSKIP("needs a screen wider than the window's default size");
+    QVERIFY(window.sizeHint().width() > defaultSize.width());
+    QVERIFY(window.width() > defaultSize.width());
+    QCOMPARE(window.size(), defaultSize.expandedTo(window.sizeHint().boundedTo(room)));
 }
 
 void TestFrmMain::positionIsRestoredFromSettings()
