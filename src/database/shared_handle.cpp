@@ -7,9 +7,14 @@
 
 #include <sqlite3.h>
 
+#include <optional>
+
 namespace {
 
 bool handleRefused = false;
+// Whether the driver's SQLite is the one this program links: the driver's library
+// does not change while the program runs, so the engine is asked once.
+std::optional<bool> sameLibrary;
 
 } // namespace
 
@@ -28,8 +33,8 @@ sqlite3 *SharedSqliteHandle()
     sqlite3 *connection = *static_cast<sqlite3 *const *>(handle.constData());
     if (!connection)
         return nullptr;
-    const QString version = SqlScalar(QStringLiteral("SELECT sqlite_source_id()")).toString();
-    if (version != QString::fromLatin1(sqlite3_sourceid()))
-        return nullptr;
-    return connection;
+    if (!sameLibrary)
+        sameLibrary = SqlScalar(QStringLiteral("SELECT sqlite_source_id()")).toString() ==
+                      QString::fromLatin1(sqlite3_sourceid());
+    return *sameLibrary ? connection : nullptr;
 }

@@ -28,15 +28,10 @@ QString SortDateOf(const QVariant &value)
     return TextOf(value).remove(u'-');
 }
 
-QString ViewText(std::u16string_view text)
-{
-    return QString(reinterpret_cast<const QChar *>(text.data()), qsizetype(text.size()));
-}
-
 // The start of a text in capitals, as long as the typed text it is compared with.
 QString UpperStart(std::u16string_view text, qsizetype length)
 {
-    return ViewText(text).toUpper().left(length);
+    return cPackedCells::Text(text).toUpper().left(length);
 }
 
 // The texts of one column in capitals, laid end to end in one buffer, with the first
@@ -75,7 +70,7 @@ public:
             units_.resize(start);
             // Letters beyond plain ASCII take Qt's own capitals, pairs of surrogates
             // included, so the order is the one a comparison of capitals gives.
-            const QString upper = ViewText(text).toUpper();
+            const QString upper = cPackedCells::Text(text).toUpper();
             units_.insert(units_.end(), upper.utf16(), upper.utf16() + upper.size());
         }
         starts_.push_back(start);
@@ -332,8 +327,7 @@ void cDataListModel::KeepRowsStartingWith(const QString &filter)
     // As the engine's LIKE finds a name that starts with the text: the text trimmed and
     // in capitals, taken literally, and only ASCII letters of a name in either case.
     const QString upper = filter.trimmed().toUpper();
-    const std::u16string_view wanted(reinterpret_cast<const char16_t *>(upper.utf16()),
-                                     std::size_t(upper.size()));
+    const std::u16string_view wanted = cPackedCells::View(upper);
     const int column = kind_ == DataListKind::Master     ? int(RegisterSurnameColumn)
                        : kind_ == DataListKind::Contacts ? int(ContactSurnameColumn)
                                                          : int(NameColumn);
@@ -417,8 +411,7 @@ bool cDataListModel::Withdrawn(int row) const
 
 int cDataListModel::FindKey(const QString &key) const
 {
-    const std::u16string_view wanted(reinterpret_cast<const char16_t *>(key.utf16()),
-                                     std::size_t(key.size()));
+    const std::u16string_view wanted = cPackedCells::View(key);
     for (int row = 0; row < RowCount(); ++row) {
         if (cells_->View(order_[std::size_t(row)], KeyColumn) == wanted)
             return row;

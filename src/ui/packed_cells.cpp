@@ -22,8 +22,7 @@ void cPackedCells::Append(std::u16string_view text)
 
 void cPackedCells::Append(const QString &text)
 {
-    const auto *begin = reinterpret_cast<const char16_t *>(text.utf16());
-    units_.insert(units_.end(), begin, begin + text.size());
+    Append(View(text));
 }
 
 void cPackedCells::AppendUtf8(std::string_view text)
@@ -52,6 +51,10 @@ void cPackedCells::EndCell()
 
 QString cPackedCells::Text(int row, int column) const
 {
-    const std::u16string_view text = View(row, column);
+    return Text(View(row, column));
+}
+
+QString cPackedCells::Text(std::u16string_view text)
+{
     return QString(reinterpret_cast<const QChar *>(text.data()), qsizetype(text.size()));
 }

@@ -40,6 +40,14 @@ public:
                                    starts_[cell + 1] - starts_[cell]);
     }
     QString Text(int row, int column) const;
+    // A text of the buffer, or any UTF-16 text, as a QString, and a QString's text as
+    // a view without a copy.
+    static QString Text(std::u16string_view text);
+    static std::u16string_view View(const QString &text)
+    {
+        return std::u16string_view(reinterpret_cast<const char16_t *>(text.utf16()),
+                                   std::size_t(text.size()));
+    }
 
 private:
     int columns_ = 0;
